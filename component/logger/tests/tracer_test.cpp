@@ -1,0 +1,107 @@
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <component/logger/testing/recording_logger.h>
+#include <component/logger/tracer.h>
+
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using trace::Tracer;
+using tvo::logger::LogLevel;
+using tvo::logger::testing::RecordingLogger;
+
+std::vector<std::string> Messages(const RecordingLogger& recorder)
+{
+    std::vector<std::string> messages;
+    for (const auto& line : recorder.Lines())
+    {
+        messages.push_back(line.message);
+    }
+    return messages;
+}
+
+}  // namespace
+
+TEST(Tracer, WritesOpeningAndClosingLine)
+{
+    const RecordingLogger recorder;
+    {
+        Tracer tracer("[P] ", "Get", LogLevel::Debug);
+        tracer.PutArguments("{}, {}", "path", 3);
+        tracer.PutImpl(tracer.Arguments(), "", 1);
+        tracer.LogImpl(tracer.Level(), "");
+        tracer.PutResults(": {} call error: wz = {}", "Get", -11);
+        tracer.SetLevel(LogLevel::Error);
+    }
+    EXPECT_THAT(Messages(recorder),
+                ElementsAre("[P] Get(path, 3)", "[P] Get(path, 3): : Get call error: wz = -11"));
+    EXPECT_EQ(recorder.Lines()[1].level, LogLevel::Error);
+    EXPECT_EQ(recorder.Lines()[1].function, "LogImpl");
+}
+
+TEST(Tracer, EndsWithThePostfixAsItStands)
+{
+    const RecordingLogger recorder;
+    {
+        Tracer tracer("",
+                      "Run",
+                      LogLevel::Info,
+                      [](std::string& buffer) -> std::string_view
+                      { return buffer = "@{not a format}"; });
+        tracer.PutResults("ok ");
+        tracer.LogImpl(LogLevel::Info, "{} of {}", 1, 2);
+    }
+    EXPECT_THAT(Messages(recorder), ElementsAre("Run(): ok 1 of 2", "Run(): ok @{not a format}"));
+}
+
+TEST(Tracer, ClosesAsItOpenedWithoutResults)
+{
+    const RecordingLogger recorder;
+    {
+        const Tracer tracer("p", "f", LogLevel::Debug);
+    }
+    EXPECT_THAT(Messages(recorder), ElementsAre("pf()"));
+}
+
+TEST(Tracer, WritesNothingWhenOffOrSuppressed)
+{
+    RecordingLogger recorder;
+    recorder.SetThreshold(LogLevel::Info);
+    for (const LogLevel level : {LogLevel::Off, LogLevel::Debug})
+    {
+        Tracer tracer("p",
+                      "f",
+                      level,
+                      [](std::string&) -> std::string_view
+                      {
+                          ADD_FAILURE() << "asked for a line that is not written";
+                          return {};
+                      });
+        tracer.LogImpl(level, "");
+    }
+    EXPECT_THAT(recorder.Lines(), IsEmpty());
+}
+
+TEST(Tracer, ReportsFailuresOfItsClosingLine)
+{
+    const RecordingLogger recorder;
+    {
+        const Tracer withText("p",
+                              "f",
+                              LogLevel::Debug,
+                              [](std::string&) -> std::string_view
+                              { throw fmt::format_error("bad format"); });
+        const Tracer withoutText(
+            "p", "f", LogLevel::Debug, [](std::string&) -> std::string_view { throw 5; });
+    }
+    EXPECT_THAT(
+        Messages(recorder),
+        ElementsAre("~Tracer exception: non-std exception", "~Tracer exception: bad format"));
+    EXPECT_EQ(recorder.Lines()[0].level, LogLevel::Error);
+}
