@@ -1,11 +1,15 @@
 # Compiler settings of every target, as one interface library.
 add_library(tvo_options INTERFACE)
 
+# Log lines and checks carry paths relative to the project's root. ccache hands the compiler paths
+# relative to the build folder.
+file(RELATIVE_PATH TVO_SOURCE_FROM_BUILD ${PROJECT_BINARY_DIR} ${PROJECT_SOURCE_DIR})
+
 target_compile_features(tvo_options INTERFACE cxx_std_20)
 target_compile_options(tvo_options INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion
-    # Log lines and checks carry paths relative to the project's root.
-    -fmacro-prefix-map=${PROJECT_SOURCE_DIR}/=)
+    -fmacro-prefix-map=${PROJECT_SOURCE_DIR}/=
+    -fmacro-prefix-map=${TVO_SOURCE_FROM_BUILD}/=)
 if(TVO_WARNINGS_AS_ERRORS)
     target_compile_options(tvo_options INTERFACE -Werror)
 endif()

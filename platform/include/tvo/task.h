@@ -42,3 +42,8 @@ int TvoTaskSetComponentTree(std::uint32_t self, const TvoComponentTree* tree);
 /// that name. Makes no socket and never blocks.
 /// @returns 0 or a negative failure code
 int TvoTaskConnectToService(std::uint32_t client, std::uint32_t server, const char* connectionId);
+
+/// Gives the calling process the soft descriptor limit back that it had before the platform raised
+/// it. For a child between fork and exec, so that the next program starts as ours did; makes one
+/// system call and nothing else.
+void TvoTaskRestoreDescriptorLimit();

@@ -1,0 +1,193 @@
+#pragma once
+
+#include <array>
+#include <chrono>
+#include <functional>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include <tvo/service_locator.h>
+#include <tvo/task.h>
+#include <wz/transport.h>
+#include <xo/connection.h>
+#include <xo/handle.h>
+#include <xo/notice.h>
+
+namespace platform::tests {
+
+using Clock = std::chrono::steady_clock;
+using std::chrono::milliseconds;
+
+/// A message with room for fields and handles, and an arena beside it.
+struct Letter
+{
+    explicit Letter(std::size_t size = 80, std::size_t arenaRoom = 0) : arenaBytes(arenaRoom)
+    {
+        Head().size = static_cast<std::uint32_t>(size);
+        arena = {arenaBytes.data(), arenaBytes.data(), arenaBytes.data() + arenaRoom};
+    }
+    Letter(const Letter&) = delete;
+    Letter& operator=(const Letter&) = delete;
+
+    wz_message& Head()
+    {
+        return *reinterpret_cast<wz_message*>(bytes.data());
+    }
+
+    wz_handle_slot& Slot(std::size_t index)
+    {
+        return reinterpret_cast<wz_handle_slot*>(bytes.data() + sizeof(wz_message))[index];
+    }
+
+    void SetHandles(std::size_t count)
+    {
+        Head().size = (Head().size & WzMessageSizeMask) |
+                      static_cast<std::uint32_t>(count << WzMessageHandleCountShift);
+    }
+
+    /// Puts a text into the arena, as a sender does.
+    void Write(const std::string& text)
+    {
+        arena.current = std::copy(text.begin(), text.end(), arena.start);
+    }
+
+    /// What the arena holds, as a receiver sees it.
+    std::string Text() const
+    {
+        return {arena.start, arena.current};
+    }
+
+    alignas(16) std::array<unsigned char, 8192> bytes{};
+    std::vector<unsigned char> arenaBytes;
+    wz_arena arena{};
+};
+
+inline WzTvoTransport MakeTransport(std::uint32_t handle,
+                                    std::uint32_t receiveTimeout = 5000,
+                                    std::uint32_t callTimeout = 5000)
+{
+    WzTvoTransport transport;
+    WzTvoTransport_Init(&transport, handle, nullptr, 0);
+    WzTvoSetTransportTimeouts(&transport, receiveTimeout, callTimeout);
+    return transport;
+}
+
+inline int Call(WzTvoTransport& transport, Letter& request, Letter& response)
+{
+    return transport.operations->call(
+        &transport, &request.Head(), &request.arena, &response.Head(), &response.arena);
+}
+
+inline int Receive(WzTvoTransport& transport, Letter& request)
+{
+    return transport.operations->receive(&transport, &request.Head(), &request.arena);
+}
+
+inline int Reply(WzTvoTransport& transport, Letter& response)
+{
+    return transport.operations->reply(&transport, &response.Head(), &response.arena);
+}
+
+/// Waits for a condition that other threads or processes bring about.
+inline bool Eventually(const std::function<bool()>& condition)
+{
+    const auto limit = Clock::now() + std::chrono::seconds(10);
+    while (!condition())
+    {
+        if (Clock::now() > limit)
+        {
+            return false;
+        }
+        std::this_thread::yield();
+    }
+    return true;
+}
+
+/// An endpoint under a static name with a thread on it that echoes: message fields from byte 24 and
+/// the arena come back. The failed bit of the answer is set for `mid` 7.
+class EchoServer
+{
+public:
+    explicit EchoServer(const char* name, std::size_t arenaRoom = 65536)
+        : m_handle(ServiceLocatorRegister(name, nullptr, 0, &m_identifier)),
+          m_thread([this, arenaRoom] { Loop(arenaRoom); })
+    {}
+
+    ~EchoServer()
+    {
+        ServiceLocatorUnregister(m_identifier);
+        m_thread.join();
+    }
+
+    std::uint32_t Handle() const
+    {
+        return m_handle;
+    }
+
+private:
+    void Loop(std::size_t arenaRoom)
+    {
+        WzTvoTransport transport = MakeTransport(m_handle, WzInfinite);
+        Letter request(4096, arenaRoom);
+        for (;;)
+        {
+            request.Head().size = 4096;
+            const int result = Receive(transport, request);
+            if (result == XoObjectGone)
+            {
+                return;
+            }
+            if (result == XoOk)
+            {
+                request.Head().size |= request.Head().mid == 7 ? WzMessageFailedBit : 0;
+                Reply(transport, request);
+            }
+        }
+    }
+
+    std::uint64_t m_identifier = 0;
+    std::uint32_t m_handle;
+    std::thread m_thread;
+};
+
+/// A connection that is closed at the end.
+class Client
+{
+public:
+    explicit Client(const char* name) : Client(ServiceLocatorConnect(name)) {}
+
+    explicit Client(std::uint32_t connection) : handle(connection), transport(MakeTransport(handle))
+    {}
+
+    ~Client()
+    {
+        XoHandleClose(handle);
+    }
+
+    const std::uint32_t handle;
+    WzTvoTransport transport;
+};
+
+/// An endpoint under a static name whose requests the test receives by itself.
+class Endpoint
+{
+public:
+    explicit Endpoint(const char* name)
+        : handle(ServiceLocatorRegister(name, nullptr, 0, &identifier)),
+          transport(MakeTransport(handle))
+    {}
+
+    ~Endpoint()
+    {
+        ServiceLocatorUnregister(identifier);
+    }
+
+    std::uint64_t identifier = 0;
+    const std::uint32_t handle;
+    WzTvoTransport transport;
+};
+
+}  // namespace platform::tests
