@@ -88,18 +88,4 @@ bool IsUnprintable(char32_t codePoint) noexcept
                        { return codePoint >= range.first && codePoint <= range.last; });
 }
 
-std::string_view CutUtf8(std::string_view text, std::size_t limit) noexcept
-{
-    if (text.size() <= limit)
-    {
-        return text;
-    }
-    std::size_t end = limit;
-    while (end > 0 && IsContinuation(text[end]))
-    {
-        --end;
-    }
-    return text.substr(0, end);
-}
-
 }  // namespace plk::text

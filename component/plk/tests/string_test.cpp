@@ -1,4 +1,3 @@
-#include <cstdint>
 #include <cstdlib>
 #include <string>
 #include <utility>
@@ -27,9 +26,8 @@ public:
     void* Allocate(std::size_t bytes) noexcept override
     {
         lastSize = bytes;
-        void* const block = isExhausted ? nullptr : std::malloc(bytes);
-        blocks += block != nullptr ? 1 : 0;
-        return block;
+        blocks += isExhausted ? 0 : 1;
+        return isExhausted ? nullptr : std::malloc(bytes);
     }
     void Reserved2() noexcept override {}
     void Free(void* block) noexcept override
@@ -44,148 +42,102 @@ public:
     bool isExhausted = false;
 };
 
-string16_t Make(const std::string& text, zin::IAllocator* allocator = nullptr)
+class StringTest : public ::testing::Test
 {
-    string16_t result{zin::abi_v1_allocator(allocator)};
-    for (const char byte : text)
+protected:
+    string16_t Make(const char16_t* text)
     {
-        const auto unit = static_cast<char16_t>(byte);
-        result.append_by_traits(&unit, 1);
+        return string16_t(text, zin::abi_v1_allocator(&m_allocator));
     }
-    return result;
-}
 
-std::string Narrow(const string16_t& text)
-{
-    EXPECT_EQ(text.data()[text.size()], u'\0');
-    return zin::text::Cast<std::string>(text);
-}
+    static void ExpectText(const string16_t& text, const std::string& expected)
+    {
+        EXPECT_EQ(zin::text::Cast<std::string>(text), expected);
+        EXPECT_EQ(text.data()[text.size()], u'\0');
+    }
 
-}  // namespace
+    CountingAllocator m_allocator;
+};
 
 static_assert(sizeof(string16_t) == 48);
 
-TEST(String, LeavesTheObjectWithTheEighthCharacter)
-{
-    CountingAllocator allocator;
-    string16_t text = Make("1234567", &allocator);
-    EXPECT_EQ(text.capacity(), 7U);
-    EXPECT_EQ(allocator.blocks, 0);
+}  // namespace
 
+TEST_F(StringTest, LeavesTheObjectWithTheEighthCharacter)
+{
+    string16_t text = Make(u"1234567");
+    EXPECT_EQ(text.capacity(), 7U);
+    EXPECT_EQ(m_allocator.blocks, 0);
     text.append_by_traits(u"8", 1);
     EXPECT_EQ(text.capacity(), 14U);
-    EXPECT_EQ(allocator.lastSize, 30U);
-    EXPECT_EQ(Narrow(text), "12345678");
-
-    text.append_by_traits(u"9012345", 7);
+    EXPECT_EQ(m_allocator.lastSize, 30U);
+    text.append_by_traits(text.data() + 1, 7);
     EXPECT_EQ(text.capacity(), 28U);
-    text.append_by_traits(string16_t(Make(std::string(50, 'x'))).data(), 50);
-    EXPECT_EQ(text.capacity(), 65U) << "text longer than the double takes what it needs";
-    EXPECT_EQ(allocator.blocks, 1);
+    ExpectText(text, "123456782345678");
+    text.reserve_extra(nullptr, 50);
+    EXPECT_EQ(text.capacity(), 65U) << "more than the double takes what it needs";
+    EXPECT_EQ(m_allocator.blocks, 1);
 }
 
-TEST(String, AppendsAPartOfItself)
+TEST_F(StringTest, GivesTheOldBlockToTheGuard)
 {
-    string16_t text = Make("0123456789abcd");
-    text.append_by_traits(text.data() + 2, 10);
-    EXPECT_EQ(Narrow(text), "0123456789abcd23456789ab");
-}
-
-TEST(String, GivesTheOldBlockToTheGuard)
-{
-    CountingAllocator allocator;
-    string16_t text = Make("0123456789", &allocator);
+    string16_t text = Make(u"0123456789");
     const char16_t* const before = text.data();
     {
         zin::types::auto_delete<char16_t, zin::abi_v1_allocator> guard(text.allocator());
-        text.reserve_extra(&guard, 4);
-        EXPECT_EQ(guard.get(), nullptr) << "it fits, so nothing moves";
         text.reserve_extra(&guard, 100);
         EXPECT_EQ(guard.get(), before);
         text.reserve_extra(&guard, 1000);
-        EXPECT_EQ(allocator.blocks, 2) << "the guard freed what it held before";
+        EXPECT_EQ(m_allocator.blocks, 2) << "the guard freed what it held before";
     }
-    EXPECT_EQ(allocator.blocks, 1);
-    EXPECT_EQ(Narrow(text), "0123456789");
+    EXPECT_EQ(m_allocator.blocks, 1);
+    ExpectText(text, "0123456789");
 }
 
-TEST(String, CopySharesTheAllocatorAndKeepsRoomForFourteen)
+TEST_F(StringTest, CopiesAndMovesWithItsAllocator)
 {
-    CountingAllocator allocator;
+    for (const char16_t* const content : {u"1234567", u"12345678", u"12345678901234567890"})
     {
-        const string16_t small = Make("1234567", &allocator);
-        const string16_t big = Make("12345678901234567890", &allocator);
-        const string16_t smallCopy = small;
-        string16_t bigCopy = big;
-        EXPECT_EQ(smallCopy.capacity(), 7U);
-        EXPECT_EQ(bigCopy.capacity(), 20U);
-        EXPECT_EQ(string16_t(Make("12345678", &allocator)).capacity(), 14U);
-        EXPECT_EQ(allocator.references, 4);
-        EXPECT_TRUE(bigCopy == big);
-        bigCopy = small;
-        EXPECT_EQ(Narrow(bigCopy), "1234567");
+        string16_t text = Make(content);
+        string16_t copy = text;
+        EXPECT_EQ(copy.capacity(), text.size() == 8 ? 14U : text.size());
+        EXPECT_EQ(m_allocator.references, 2);
+        const string16_t moved = std::move(text);
+        EXPECT_TRUE(moved == copy);
+        EXPECT_EQ(m_allocator.references, 2);
+        ExpectText(text, "");  // NOLINT(bugprone-use-after-move): what a move leaves is defined
+        EXPECT_EQ(text.capacity(), 7U);
+        copy = Make(u"other");
+        ExpectText(copy, "other");
     }
-    EXPECT_EQ(allocator.references, 0);
-    EXPECT_EQ(allocator.blocks, 0);
+    EXPECT_EQ(m_allocator.references, 0);
+    EXPECT_EQ(m_allocator.blocks, 0);
 }
 
-TEST(String, MoveTakesBlockAndAllocatorAndLeavesAnEmptyString)
+TEST_F(StringTest, WithoutBlockIsEmptyAndGrows)
 {
-    CountingAllocator allocator;
-    for (const char* const content : {"short", "longer than the object"})
-    {
-        string16_t from = Make(content, &allocator);
-        const string16_t to = std::move(from);
-        EXPECT_EQ(Narrow(to), content);
-        EXPECT_EQ(to.allocator().get(), &allocator);
-        EXPECT_TRUE(
-            from.empty());  // NOLINT(bugprone-use-after-move): what a move leaves is defined
-        EXPECT_EQ(from.capacity(), 7U);
-        EXPECT_EQ(from.allocator().get(), nullptr);
-    }
-    EXPECT_EQ(allocator.blocks, 0);
-}
-
-TEST(String, WithoutBlockIsEmptyAndGrows)
-{
-    const string16_t none{zin::types::without_block_t()};
-    EXPECT_EQ(none.capacity(), 0U);
-    EXPECT_TRUE(none.empty());
-
+    string16_t none{zin::types::without_block_t()};
     string16_t copy = none;
-    string16_t moved = string16_t(zin::types::without_block_t());
+    string16_t moved = std::move(none);
     for (string16_t* const text : {&copy, &moved})
     {
+        ExpectText(*text, "");
         text->append_by_traits(u"abc", 3);
-        EXPECT_EQ(Narrow(*text), "abc");
+        ExpectText(*text, "abc");
         EXPECT_EQ(text->capacity(), 7U);
     }
 }
 
-TEST(String, RefusesImpossibleSizes)
+TEST_F(StringTest, StaysWholeWhenItCannotGrow)
 {
-    string16_t text = Make("abc");
-    for (const std::size_t extra : {std::size_t{0x7FFFFFFFFFFFFFFC}, SIZE_MAX})
+    string16_t text = Make(u"0123456789");
+    for (const std::size_t extra : {std::size_t{0x7FFFFFFFFFFFFFF5}, SIZE_MAX})
     {
-        try
-        {
-            text.reserve_extra(nullptr, extra);
-            ADD_FAILURE() << extra;
-        }
-        catch (const std::length_error& error)
-        {
-            EXPECT_STREQ(error.what(), "zin::basic_string_t::reserve_extra()");
-        }
+        EXPECT_THROW(text.reserve_extra(nullptr, extra), std::length_error);
     }
-    EXPECT_EQ(Narrow(text), "abc");
-}
-
-TEST(String, StaysWholeWithoutMemory)
-{
-    CountingAllocator allocator;
-    string16_t text = Make("0123456789", &allocator);
-    allocator.isExhausted = true;
+    m_allocator.isExhausted = true;
+    EXPECT_THROW(text.reserve_extra(nullptr, 0x7FFFFFFFFFFFFFF4), std::bad_alloc);
     EXPECT_THROW(text.append_by_traits(text.data(), 10), std::bad_alloc);
     EXPECT_THROW(string16_t{text}, std::bad_alloc);
-    EXPECT_EQ(Narrow(text), "0123456789");
+    ExpectText(text, "0123456789");
 }

@@ -11,7 +11,6 @@ namespace {
 
 using zin::text::Cast;
 using zin::types::string16_t;
-using NarrowView = zin::basic_string_view<char, zin::char_traits<char>>;
 
 class TextCast : public ::testing::Test
 {
@@ -24,71 +23,50 @@ protected:
     {
         std::setlocale(LC_CTYPE, "C");
     }
+
+    static string16_t Units(std::u16string_view units)
+    {
+        return string16_t(string16_t::view_type(units.data(), units.size()));
+    }
+
+    static string16_t FromBytes(std::string_view bytes)
+    {
+        using View = zin::basic_string_view<char, zin::char_traits<char>>;
+        return Cast<string16_t>(View(bytes.data(), bytes.size()));
+    }
 };
-
-string16_t Units(std::u16string_view units)
-{
-    return string16_t(string16_t::view_type(units.data(), units.size()));
-}
-
-string16_t FromBytes(std::string_view bytes)
-{
-    return Cast<string16_t>(NarrowView(bytes.data(), bytes.size()));
-}
 
 }  // namespace
 
 TEST_F(TextCast, GoesBothWays)
 {
-    struct Row
-    {
-        std::string_view bytes;
-        std::u16string_view units;
-    };
-    const Row rows[] = {
+    const std::pair<std::string_view, std::u16string_view> rows[] = {
         {"", u""},
-        {"plain text", u"plain text"},
-        {"\xD0\x94\xD0\xB0", u"\u0414\u0430"},
-        {"\xE2\x82\xAC", u"\u20AC"},
-        {"\xEF\xBF\xBD", u"\uFFFD"},
+        {"plain", u"plain"},
+        {"\xD0\x94\xE2\x82\xAC", u"\u0414\u20AC"},
         {"\xF0\x90\x80\x80", u"\xD800\xDC00"},
-        {"\xF0\x9F\x94\x92!", u"\xD83D\xDD12!"},
         {"\xF4\x8F\xBF\xBF", u"\xDBFF\xDFFF"},
         {std::string_view("a\0b", 3), std::u16string_view(u"a\0b", 3)},
     };
-    for (const Row& row : rows)
+    for (const auto& [bytes, units] : rows)
     {
-        SCOPED_TRACE(row.bytes);
-        EXPECT_TRUE(FromBytes(row.bytes) == Units(row.units));
-        EXPECT_EQ(Cast<std::string>(Units(row.units)), row.bytes);
+        EXPECT_TRUE(FromBytes(bytes) == Units(units)) << bytes;
+        EXPECT_EQ(Cast<std::string>(Units(units)), bytes);
     }
+    EXPECT_TRUE(Cast<string16_t>(std::wstring(L"\x414\U0001F512")) == Units(u"\u0414\xD83D\xDD12"));
+    EXPECT_TRUE(Cast<string16_t>(static_cast<const char*>(nullptr)).empty());
 }
 
-TEST_F(TextCast, RefusesBytesThatAreNoText)
+TEST_F(TextCast, RefusesWhatIsNoText)
 {
     for (const std::string_view bytes :
-         {"\xFF", "a\x80", "\xE2\x82", "\xC0\x80", "\xED\xA0\x80", "\xF4\x90\x80\x80"})
+         {"\xFF", "a\x80", "\xE2\x82", "\xC0\x80", "\xF4\x90\x80\x80"})
     {
         EXPECT_THROW(FromBytes(bytes), std::bad_cast);
     }
-}
-
-TEST_F(TextCast, RefusesLoneSurrogates)
-{
     for (const std::u16string_view units : {u"\xD800", u"\xDC00", u"\xD800x", u"\xDC00\xD800"})
     {
         EXPECT_THROW(Cast<std::string>(Units(units)), std::bad_cast);
     }
-}
-
-TEST_F(TextCast, TakesWideUnitsAsCodePoints)
-{
-    EXPECT_TRUE(Cast<string16_t>(std::wstring(L"\x414\U0001F512")) == Units(u"\u0414\xD83D\xDD12"));
     EXPECT_THROW(Cast<string16_t>(std::wstring(1, static_cast<wchar_t>(0x110000))), std::bad_cast);
-}
-
-TEST_F(TextCast, TakesNullAsEmpty)
-{
-    const char* const none = nullptr;
-    EXPECT_TRUE(Cast<string16_t>(none).empty());
 }

@@ -22,7 +22,4 @@ struct Utf8Character
 /// control characters, line and paragraph separators, bidirectional and other invisible formats.
 [[nodiscard]] bool IsUnprintable(char32_t codePoint) noexcept;
 
-/// @returns the longest beginning of the text within `limit` bytes that cuts no character in two
-[[nodiscard]] std::string_view CutUtf8(std::string_view text, std::size_t limit) noexcept;
-
 }  // namespace plk::text

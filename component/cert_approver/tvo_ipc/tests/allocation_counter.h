@@ -1,0 +1,4 @@
+#pragma once
+
+/// How often `operator new` has run on the calling thread.
+unsigned AllocationsOfThisThread();

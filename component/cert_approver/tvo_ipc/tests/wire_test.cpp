@@ -1,0 +1,159 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <component/cert_approver/tvo_ipc/type_utils.h>
+#include <component/cert_approver/tvo_ipc/vx_cert_approver.h>
+#include <component/cert_approver/tvo_ipc/wz_cert_approver_types.h>
+#include <component/logger/testing/recording_logger.h>
+#include <component/plk/exceptions.h>
+#include <component/plk/process_exception.h>
+#include <component/plk/result_codes.h>
+
+namespace {
+
+using namespace cert_approver;
+using namespace cert_approver::common;
+using certs::cert_service::CertData;
+using tvo::ipc::arena::Buffer;
+using tvo::ipc::arena::InvalidReference;
+using tvo::ipc::arena::Reference;
+using tvo::ipc::arena::conv::FromWz;
+using tvo::ipc::arena::conv::ToWz;
+using tvo::logger::LogLevel;
+using tvo::logger::testing::RecordingLogger;
+
+/// A certificate whose four texts have these sizes.
+CertData CertOf(std::size_t issuer, std::size_t subject, std::size_t print, std::size_t address)
+{
+    return {std::string(issuer, 'i'),
+            std::string(subject, 's'),
+            INT64_MIN,
+            253'402'300'799'000'000,
+            std::string(print, 'f'),
+            std::string(address, 'a')};
+}
+
+TEST(CertOnTheWire, GoesThereAndBackWhole)
+{
+    const CertData zeros{std::string("a\0b", 3), "CN=\xC3\xA9", -1, 1, "", "[::1]:443"};
+    for (const CertData& cert : {CertData(), CertOf(256, 256, 128, 256), zeros})
+    {
+        RecordingLogger log;
+        Buffer buffer(vx_cert_approver_CertApprover_req_arena_size);
+        EXPECT_EQ(CastFromWz(CastToWz(cert, buffer.Get()), buffer.Get()), cert);
+        EXPECT_TRUE(log.Lines().empty());
+        buffer.Reset();
+        bool status = true;
+        EXPECT_EQ(FromWz(*buffer.Get(), ToWz(*buffer.Get(), cert, status), status), cert);
+        EXPECT_TRUE(status);
+    }
+}
+
+TEST(CertOnTheWire, EmptyTextsTakeOneByteEachInTheOrderOfTheFields)
+{
+    Buffer buffer(4);
+    const auto wz = CastToWz({}, buffer.Get());
+    EXPECT_THAT((std::vector{wz.issuer, wz.subject, wz.fingerprint, wz.address}),
+                testing::Each(testing::Field(&Reference::size, 0U)));
+    EXPECT_THAT((std::vector{
+                    wz.issuer.offset, wz.subject.offset, wz.fingerprint.offset, wz.address.offset}),
+                testing::ElementsAre(0, 1, 2, 3));
+}
+
+TEST(CertOnTheWire, CutsLongTextsWithAWarning)
+{
+    RecordingLogger log;
+    Buffer buffer(vx_cert_approver_CertApprover_req_arena_size);
+    const auto wz = CastToWz(CertOf(257, 256, 129, 300), buffer.Get());
+    EXPECT_EQ(CastFromWz(wz, buffer.Get()), CertOf(256, 256, 128, 256));
+    ASSERT_EQ(log.Lines().size(), 3U);
+    EXPECT_EQ(log.Lines()[1].function, "WriteN");
+    EXPECT_TRUE(log.Contains(
+        LogLevel::Warning,
+        "Data: " + std::string(129, 'f') + " has been truncated: " + std::string(128, 'f')));
+}
+
+TEST(CertOnTheWire, NamesTheTextThatFindsNoRoom)
+{
+    const char* const fields[] = {"issuer", "subject", "fingerprint", "address"};
+    for (std::size_t field = 0; field < 4; ++field)
+    {
+        Buffer buffer(10 * field + 9);
+        try
+        {
+            CastToWz(CertOf(10, 10, 10, 10), buffer.Get());
+            ADD_FAILURE();
+        }
+        catch (const zin::CheckFailedException&)
+        {
+            EXPECT_THAT(::common::utils::ProcessException().second,
+                        testing::HasSubstr(std::string("Failed to convert a cert: "
+                                                       "Failed to write ") +
+                                           fields[field] + ". At"));
+        }
+    }
+}
+
+TEST(CertOnTheWire, StatusConversionLeavesOutWhatIsTooLongAndGoesOn)
+{
+    RecordingLogger log;
+    Buffer buffer(vx_cert_approver_CertApprover_req_arena_size);
+    bool status = true;
+    const auto wz = ToWz(*buffer.Get(), CertOf(257, 5, 129, 6), status);
+    EXPECT_FALSE(status);
+    EXPECT_EQ(buffer.Get()->current - buffer.Get()->start, 11);
+    EXPECT_EQ(CastFromWz(wz, buffer.Get()), CertOf(0, 5, 0, 6));
+    EXPECT_TRUE(log.Lines().empty());
+}
+
+TEST(CertOnTheWire, ReferencesOutOfTheArenaReadAsEmptyTexts)
+{
+    Buffer buffer(vx_cert_approver_CertApprover_req_arena_size);
+    const auto whole = CastToWz(CertOf(4, 4, 4, 4), buffer.Get());
+    constexpr auto All = InvalidReference;
+    for (const Reference bad :
+         {Reference{16, 0}, {15, 2}, {All, 0}, {All, All}, {9, All}, {All, 9}})
+    {
+        auto wz = whole;
+        wz.subject = wz.address = bad;
+        EXPECT_EQ(CastFromWz(wz, buffer.Get()), CertOf(4, 0, 4, 0));
+        bool status = true;
+        EXPECT_EQ(FromWz(*buffer.Get(), wz, status), CertOf(4, 0, 4, 0));
+        EXPECT_FALSE(status);
+        FromWz(*buffer.Get(), whole, status);
+        EXPECT_FALSE(status) << "a conversion only ever clears it";
+    }
+}
+
+TEST(EnumerationsOnTheWire, KnowTwoValuesAndRefuseTheOthersWithAWarning)
+{
+    RecordingLogger log;
+    const std::pair<unsigned char, unsigned char> rows[] = {{0, 0}, {1, 1}, {2, 77}, {255, 77}};
+    for (const auto& [from, to] : rows)
+    {
+        const int expected = to == 77 ? plk::codes::NotFound : 0;
+        unsigned char wireVerdict = 77;
+        unsigned char wireMode = 77;
+        Verdict verdict{77};
+        Mode mode{77};
+        EXPECT_EQ(VerdictToIpc(Verdict{from}, wireVerdict), expected);
+        EXPECT_EQ(IpcToVerdict(from, verdict), expected);
+        EXPECT_EQ(ModeToIpc(Mode{from}, wireMode), expected);
+        EXPECT_EQ(IpcToMode(from, mode), expected);
+        EXPECT_EQ(std::tuple(wireVerdict, verdict, wireMode, mode),
+                  std::tuple(to, Verdict{to}, to, Mode{to}));
+    }
+    EXPECT_EQ(log.Lines().size(), 8U);
+    const char* const texts[] = {
+        "Error converting from CertApprover decision to IPC, value: 2",
+        "Error converting from IPC decision CertApprover decision, value: 2",
+        "Error converting from CertApprover Mode to IPC, value: 255",
+        "Error converting from IPC mode CertApprover mode, value: 255",
+    };
+    for (const char* text : texts)
+    {
+        EXPECT_TRUE(log.Contains(LogLevel::Warning, text)) << text;
+    }
+}
+
+}  // namespace
