@@ -1,0 +1,32 @@
+#include <clocale>
+#include <csignal>
+#include <iostream>
+
+#include <component/logger/logger.h>
+#include <tvo/platform_log.h>
+
+#include "run.h"
+#include "service.h"
+
+namespace {
+
+using tvo::logger::LogLevel;
+using tvo::logger::TVOLogger;
+
+void LogPlatformLine(TvoPlatformLogLevel level, const char* text)
+{
+    TVO_LOG_AS(static_cast<LogLevel>(level), "Platform", "{}", text);
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    std::setlocale(LC_CTYPE, "C.UTF-8");
+    // A server or a reader of the output that goes away is a failure to report.
+    std::signal(SIGPIPE, SIG_IGN);
+    // Callers read standard error: one line of the program's own, and no log unless asked for.
+    TVOLogger::Setup("CRT_ASK", LogLevel::Off, nullptr);
+    TvoPlatformSetLog(&LogPlatformLine);
+    return cert_approve::Run(argc, argv, &cert_approve::AskService, std::cout, std::cerr);
+}

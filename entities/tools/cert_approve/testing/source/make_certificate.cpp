@@ -1,0 +1,99 @@
+#include <stdexcept>
+
+#include <openssl/asn1.h>
+#include <openssl/bio.h>
+#include <openssl/evp.h>
+#include <openssl/pem.h>
+#include <openssl/x509v3.h>
+#include <tools/cert_approve/testing/make_certificate.h>
+
+namespace cert_approve::testing {
+namespace {
+
+void Require(bool isGood, const char* what)
+{
+    if (!isGood)
+    {
+        throw std::runtime_error(std::string("cannot make a certificate: ") + what);
+    }
+}
+
+void SetNames(X509* x509, const CertificateSpec& spec)
+{
+    X509_NAME* const name = X509_get_subject_name(x509);
+    for (const auto& [type, value] : spec.subject)
+    {
+        // A plain ASN.1 type, unlike the MBSTRING ones, is neither checked nor limited.
+        Require(X509_NAME_add_entry_by_txt(name,
+                                           type.c_str(),
+                                           V_ASN1_UTF8STRING,
+                                           reinterpret_cast<const unsigned char*>(value.data()),
+                                           static_cast<int>(value.size()),
+                                           -1,
+                                           0) == 1,
+                "name");
+    }
+    Require(X509_set_issuer_name(x509, name) == 1, "issuer");
+}
+
+void SetDates(X509* x509, const CertificateSpec& spec)
+{
+    Require(ASN1_TIME_set_string_X509(X509_getm_notBefore(x509), spec.notBefore.c_str()) == 1 &&
+                ASN1_TIME_set_string_X509(X509_getm_notAfter(x509), spec.notAfter.c_str()) == 1,
+            "dates");
+}
+
+void AddAlternativeNames(X509* x509, int count)
+{
+    std::string names;
+    for (int i = 0; i < count; ++i)
+    {
+        names += (i == 0 ? "DNS:host" : ",DNS:host") + std::to_string(i) + ".test";
+    }
+    if (!names.empty())
+    {
+        X509_EXTENSION* const extension =
+            X509V3_EXT_conf_nid(nullptr, nullptr, NID_subject_alt_name, names.c_str());
+        Require(extension != nullptr && X509_add_ext(x509, extension, -1) == 1, "extension");
+        X509_EXTENSION_free(extension);
+    }
+}
+
+template <class Write>
+std::string Written(Write write)
+{
+    const std::unique_ptr<BIO, decltype(&BIO_free)> bio(BIO_new(BIO_s_mem()), &BIO_free);
+    Require(write(bio.get()) == 1, "output");
+    char* data = nullptr;
+    const long size = BIO_get_mem_data(bio.get(), &data);
+    return {data, static_cast<std::size_t>(size)};
+}
+
+}  // namespace
+
+std::string MadeCertificate::Der() const
+{
+    return Written([this](BIO* bio) { return i2d_X509_bio(bio, x509.get()); });
+}
+
+std::string MadeCertificate::Pem() const
+{
+    return Written([this](BIO* bio) { return PEM_write_bio_X509(bio, x509.get()); });
+}
+
+MadeCertificate MakeCertificate(const CertificateSpec& spec)
+{
+    MadeCertificate made{{X509_new(), &X509_free}, {EVP_EC_gen("P-256"), &EVP_PKEY_free}};
+    X509* const x509 = made.x509.get();
+    Require(x509 != nullptr && made.key != nullptr, "objects");
+    Require(X509_set_version(x509, X509_VERSION_3) == 1, "version");
+    Require(ASN1_INTEGER_set(X509_get_serialNumber(x509), 1) == 1, "serial number");
+    SetNames(x509, spec);
+    SetDates(x509, spec);
+    AddAlternativeNames(x509, spec.alternativeNames);
+    Require(X509_set_pubkey(x509, made.key.get()) == 1, "key");
+    Require(X509_sign(x509, made.key.get(), EVP_sha256()) > 0, "signature");
+    return made;
+}
+
+}  // namespace cert_approve::testing
