@@ -1,0 +1,120 @@
+import QtQuick
+import QtQuick.Controls.Basic
+
+// The main action button, in one of three states of emphasis.
+Button {
+    id: root
+
+    property var pal: paletteProvider.palette
+    property int fontPixelSize: 16
+    property real radius: 16
+    property string hintText
+    property color normalColor
+    property color hoverColor
+    property color pressedColor
+    property color contentColor
+    property color disabledColor: root.pal ? root.pal.contentBackground : "black"
+
+    implicitWidth: 190
+    implicitHeight: 52
+    hoverEnabled: true
+    state: "Normal"
+
+    Accessible.role: Accessible.Button
+    Accessible.name: text
+
+    background: Rectangle {
+        radius: root.radius
+        color: {
+            if (!root.enabled) {
+                return root.disabledColor;
+            }
+            if (root.pressed) {
+                return root.pressedColor;
+            }
+            return root.hovered ? root.hoverColor : root.normalColor;
+        }
+    }
+
+    contentItem: Item {
+        Column {
+            anchors.centerIn: parent
+            spacing: 0
+
+            TextLabel {
+                anchors.horizontalCenter: parent.horizontalCenter
+                text: root.text
+                color: root.enabled ? root.contentColor
+                                    : root.pal ? root.pal.contentDisabled : "gray"
+                font.pixelSize: root.fontPixelSize
+                font.weight: Font.DemiBold
+                wrapMode: Text.NoWrap
+                Accessible.ignored: true
+            }
+
+            Loader {
+                anchors.horizontalCenter: parent.horizontalCenter
+                active: root.hintText !== ""
+                asynchronous: true
+                sourceComponent: hint
+            }
+        }
+    }
+
+    states: [
+        State {
+            name: "Normal"
+
+            PropertyChanges {
+                target: root
+                normalColor: root.pal ? root.pal.purplePrimary : "#9C9CFF"
+                hoverColor: root.pal ? root.pal.purpleSubPrimary : "#8C8CFF"
+                pressedColor: root.pal ? root.pal.purpleSecondary : "#9C9CFF"
+                contentColor: root.pal ? root.pal.contentPrimary : "white"
+            }
+        },
+        State {
+            name: "Light"
+
+            PropertyChanges {
+                target: root
+                normalColor: root.pal ? root.pal.purpleBackground : "#9C9CFF"
+                hoverColor: root.pal ? root.pal.purpleBorder : "#8C8CFF"
+                pressedColor: root.pal ? root.pal.purpleDisabled : "#9C9CFF"
+                contentColor: root.pal ? root.pal.purplePrimary : "#9C9CFF"
+            }
+        },
+        State {
+            name: "Alternative"
+
+            PropertyChanges {
+                target: root
+                normalColor: root.pal ? root.pal.contentBackground : "#9C9CFF"
+                hoverColor: root.pal ? root.pal.contentBorder : "#8C8CFF"
+                pressedColor: root.pal ? root.pal.contentDisabled : "#9C9CFF"
+                contentColor: root.pal ? root.pal.contentPrimary : "white"
+            }
+        }
+    ]
+
+    Keys.onEnterPressed: clicked()
+    Keys.onReturnPressed: clicked()
+
+    Outline {
+        visible: root.visualFocus
+    }
+
+    RightClickedMouseArea {
+        anchors.fill: parent
+    }
+
+    Component {
+        id: hint
+
+        TextLabel {
+            text: root.hintText
+            color: root.pal ? root.pal.contentSecondary : "#AFB5BC"
+            font.pixelSize: 12
+        }
+    }
+}
