@@ -1,0 +1,40 @@
+import QtQuick
+import QtQuick.Window
+
+import "." as CertApprover
+
+// The modal layer over the whole screen. It stays loaded, hidden, between two requests; the dialog
+// on it is built anew for each.
+Window {
+    id: root
+
+    width: winWidth
+    height: winHeight
+    visible: certApproverContext.isVisible
+    opacity: 0
+    color: "transparent"
+    title: "modalCertApprover"
+    // Without decorations by the compositor, Qt would draw its own around the layer.
+    flags: Qt.Window | Qt.FramelessWindowHint
+
+    // Whoever closes the window while a caller waits has refused. A hidden window is closed when
+    // the application quits, and must not object.
+    onClosing: close => {
+        if (certApproverContext.isVisible) {
+            close.accepted = false;
+            certApproverContext.Close();
+        }
+    }
+
+    Loader {
+        anchors.fill: parent
+        asynchronous: true
+        sourceComponent: root.visible ? dialog : undefined
+    }
+
+    Component {
+        id: dialog
+
+        CertApprover.View {}
+    }
+}

@@ -1,0 +1,117 @@
+#include "run_cert_approver.h"
+
+#include <future>
+#include <string>
+
+#include <QCoreApplication>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <component/cert_approver/tvo_ipc/client.h>
+#include <platform/testing/platform_double.h>
+
+namespace cert_approver {
+namespace {
+
+using platform::testing::Call;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::Pair;
+
+struct Outcome
+{
+    int status;
+    std::string log;
+};
+
+Outcome RunOnce()
+{
+    char name[] = "cert_approver";
+    char* arguments[] = {name, nullptr};
+    ::testing::internal::CaptureStderr();
+    const int status = RunCertApprover(1, arguments);
+    return {status, ::testing::internal::GetCapturedStderr()};
+}
+
+/// Ends the event loop, from another thread.
+void Exit(int status)
+{
+    QMetaObject::invokeMethod(
+        QCoreApplication::instance(),
+        [status] { QCoreApplication::exit(status); },
+        Qt::QueuedConnection);
+}
+
+struct RunCertApproverTest : ::testing::Test
+{
+    platform::testing::PlatformDouble platform;
+};
+
+TEST_F(RunCertApproverTest, ServesUntilTheEventLoopEndsAndTakesEverythingDown)
+{
+    auto ending = std::async(std::launch::async,
+                             [this]
+                             {
+                                 platform.WaitUntilCalled(Call::CmListen);
+                                 Exit(5);
+                             });
+    const auto outcome = RunOnce();
+    ending.get();
+
+    EXPECT_EQ(outcome.status, 5);
+    EXPECT_EQ(platform.Entity(), "vx.vdi.CertApprover");
+    EXPECT_THAT(platform.OwnConnections(), ElementsAre("cert_approver_id"));
+    EXPECT_THAT(
+        platform.Published(),
+        ElementsAre(Pair("vx.cert_approver.CertApprover.CertApprover", "cert_approver_id")));
+    EXPECT_THAT(outcome.log, HasSubstr("[main] CertApprover is ready"));
+    EXPECT_THAT(outcome.log, HasSubstr("[main] CertApprover stopped with code 5"));
+    EXPECT_EQ(platform.Count(Call::LocatorUnregister), 1U);
+    EXPECT_EQ(platform.OpenHandles(), 0U);
+}
+
+TEST_F(RunCertApproverTest, RefusesTheCallerWhoStillWaitsWhenTheEventLoopEnds)
+{
+    auto caller = std::async(std::launch::async,
+                             [this]
+                             {
+                                 platform.WaitUntilCalled(Call::CmListen);
+                                 const auto client = proxy::CreateCertApproverClient(5000);
+                                 Exit(0);
+                                 auto verdict = Verdict::Approve;
+                                 client->ApproveCert(certs::cert_service::CertData(), verdict);
+                                 return verdict;
+                             });
+    EXPECT_EQ(RunOnce().status, 0);
+    EXPECT_EQ(caller.get(), Verdict::Close);
+}
+
+TEST_F(RunCertApproverTest, AFailedStageEndsTheProcessWithItsText)
+{
+    struct Row
+    {
+        Call call;
+        const char* text;
+    };
+    const Row rows[] = {
+        {Call::TaskSetComponentTree, "entity: can not set up component tree-7: 0xfffffff9"},
+        {Call::TaskConnectToService, "entity: can not connect to themself, rc=0x-7: 0xfffffff9"},
+        {Call::LocatorRegister, "Cannot register service cert_approver_id"},
+        {Call::PublishService,
+         "Failed to publish service 'cert_approver_id' with interface "
+         "'vx.cert_approver.CertApprover.CertApprover'"},
+    };
+    for (const auto& row : rows)
+    {
+        SCOPED_TRACE(row.text);
+        platform.Return(row.call, {.code = -7});
+        const auto outcome = RunOnce();
+        EXPECT_EQ(outcome.status, 1);
+        EXPECT_THAT(outcome.log, HasSubstr("[main] CertApprover start with error: "));
+        EXPECT_THAT(outcome.log, HasSubstr(row.text));
+        EXPECT_EQ(platform.OpenHandles(), 0U);
+    }
+}
+
+}  // namespace
+}  // namespace cert_approver
