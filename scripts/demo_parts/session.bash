@@ -1,0 +1,113 @@
+# The processes of the demo: a compositor and the approval application in a folder of their own, and
+# their end. Sourced by scripts/demo.
+
+# What runs as root may use a compositor that another user runs; sway itself refuses to be root.
+readonly unprivileged=65534
+
+folder=
+children=()
+
+start_session() {
+    folder=$(mktemp -d /tmp/tvo-demo.XXXXXX)
+    trap end_session EXIT
+    trap 'exit 129' HUP
+    trap 'exit 130' INT
+    trap 'exit 143' TERM
+    chmod 0711 "$folder"
+    mkdir -m 0700 "$folder/sway" "$folder/terminal"
+    start_sway
+    start_approver
+}
+
+# Ends what this script started, the latest first.
+end_session() {
+    trap - EXIT
+    trap '' HUP INT TERM
+    local i
+    for ((i = ${#children[@]} - 1; i >= 0; --i)); do
+        kill "${children[i]}" 2>/dev/null || true
+        wait "${children[i]}" 2>/dev/null || true
+    done
+    rm -rf "$folder"
+}
+
+process_runs() {
+    kill -0 "$1" 2>/dev/null
+}
+
+# Tries a command every 50 ms, for 30 s at most and while the process runs.
+wait_until() {
+    local process=$1 tries
+    shift
+    for ((tries = 0; tries < 600; ++tries)); do
+        if "$@"; then
+            return 0
+        fi
+        process_runs "$process" || return 1
+        sleep 0.05
+    done
+    return 1
+}
+
+find_wayland_socket() {
+    local socket
+    for socket in "$folder"/sway/wayland-*; do
+        if [[ -S $socket ]]; then
+            wayland_socket=$socket
+            return 0
+        fi
+    done
+    return 1
+}
+
+start_sway() {
+    local prefix=() variables=(WLR_RENDERER=pixman)
+    cp "$root/scripts/demo_parts/sway.conf" "$folder/sway/sway.conf"
+    echo "output * resolution $size" >>"$folder/sway/sway.conf"
+    if has_session; then
+        link_session_display
+    else
+        variables+=(WLR_BACKENDS=headless WLR_LIBINPUT_NO_DEVICES=1)
+    fi
+    if ((EUID == 0)); then
+        prefix=(setpriv "--reuid=$unprivileged" "--regid=$unprivileged" --clear-groups)
+        chown -R "$unprivileged:$unprivileged" "$folder/sway"
+    fi
+    env "${variables[@]}" XDG_RUNTIME_DIR="$folder/sway" \
+        "${prefix[@]}" sway --unsupported-gpu -c "$folder/sway/sway.conf" >"$folder/sway.log" 2>&1 &
+    sway=$!
+    children+=("$sway")
+    wait_until "$sway" find_wayland_socket || give_up "sway does not start" "$folder/sway.log"
+}
+
+# sway gets a runtime folder of its own, and so has to be told the session's socket by its path.
+link_session_display() {
+    if [[ -n ${WAYLAND_DISPLAY:-} && $WAYLAND_DISPLAY != /* ]]; then
+        export WAYLAND_DISPLAY=$XDG_RUNTIME_DIR/$WAYLAND_DISPLAY
+    fi
+}
+
+is_ready() {
+    grep -q "CertApprover is ready" "$folder/cert_approver.log"
+}
+
+start_approver() {
+    local variables=(
+        XDG_RUNTIME_DIR="$folder/terminal"
+        TVO_RUNTIME_DIR="$folder/terminal"
+        WAYLAND_DISPLAY="$wayland_socket"
+        QT_QPA_PLATFORM=wayland
+        QT_QUICK_BACKEND=software
+        FONTCONFIG_FILE="$root/packaging/fontconfig/vantelore-fonts.conf"
+    )
+    env "${variables[@]}" "$root/build/release/bin/cert_approver" >"$folder/cert_approver.log" 2>&1 &
+    approver=$!
+    children+=("$approver")
+    wait_until "$approver" is_ready ||
+        give_up "the approval application does not start" "$folder/cert_approver.log"
+}
+
+give_up() {
+    cat "$2" >&2
+    fail 4 "$1"
+}

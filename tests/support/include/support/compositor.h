@@ -1,0 +1,82 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <QImage>
+#include <support/process.h>
+
+namespace support {
+
+/// A Wayland compositor without a screen, in a thread of the test. Toplevels lie at the origin, one
+/// above the other in the order in which they came up, over a plain background; the topmost one has
+/// the keyboard and the pointer.
+///
+/// All operations may be called from any thread. Those that wait return false when the time is up.
+class Compositor final
+{
+public:
+    static constexpr QRgb Background = qRgb(0x20, 0x60, 0xa0);
+
+    struct Toplevel
+    {
+        std::string title;
+        std::string application;
+        QSize size;
+    };
+
+    /// Listens at the path, which clients take as WAYLAND_DISPLAY. It has one output of that size
+    /// at the origin, number 0. @throws std::runtime_error if it cannot be set up.
+    Compositor(const std::filesystem::path& socket, QSize mode);
+    ~Compositor();
+
+    Compositor(const Compositor&) = delete;
+    Compositor& operator=(const Compositor&) = delete;
+
+    void SetMode(std::size_t output, QSize mode);
+
+    /// Adds an output to the right of all others and waits until the clients know it: Qt crashes
+    /// when an output goes before it has been looked at.
+    /// @returns its number. @throws std::runtime_error when the time is up.
+    std::size_t AddOutput(QSize mode);
+    void RemoveOutput(std::size_t output);
+
+    // The next three go to the topmost toplevel, and throw std::runtime_error if none is shown.
+    // Keys and clicks wait until its client has taken in all that was sent before.
+
+    /// Presses and releases a key of <linux/input-event-codes.h>, on a US keyboard.
+    void PressKey(std::uint32_t key);
+
+    /// Moves the pointer there and presses and releases the left button.
+    void Click(QPoint point);
+
+    void RequestClose();
+
+    /// The toplevels that show something, the topmost one last.
+    [[nodiscard]] std::vector<Toplevel> Toplevels() const;
+
+    /// How many times a toplevel has come up so far.
+    [[nodiscard]] int Showings() const;
+
+    /// What the first output shows, as RGB32.
+    [[nodiscard]] QImage Screen() const;
+
+    [[nodiscard]] bool WaitForToplevel(const std::string& title);
+    [[nodiscard]] bool WaitForNoToplevel();
+    [[nodiscard]] bool WaitForPixel(QPoint point, QRgb colour);
+
+    /// Waits for a picture on the first output that the function accepts. It is called whenever
+    /// something may have changed, in the waiting thread, and must not call the compositor.
+    [[nodiscard]] bool WaitForScreen(const std::function<bool(const QImage&)>& accepts);
+
+private:
+    struct Server;
+
+    std::unique_ptr<Server> m_server;
+};
+
+}  // namespace support

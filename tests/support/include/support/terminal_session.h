@@ -1,0 +1,56 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <QSize>
+#include <QTemporaryDir>
+#include <support/compositor.h>
+#include <support/process.h>
+
+namespace support {
+
+/// A running terminal in a folder of its own, mode 0700: a compositor and the approval application,
+/// ready to be asked. The destructor takes everything down again.
+class TerminalSession final
+{
+public:
+    struct Options
+    {
+        std::string language = "en-US";
+        QSize screen = {1280, 800};
+    };
+
+    TerminalSession();
+
+    /// @throws std::runtime_error, with what it wrote, if the application does not become ready.
+    explicit TerminalSession(const Options& options);
+    ~TerminalSession();
+
+    [[nodiscard]] Compositor& Display();
+    [[nodiscard]] Process& Approver();
+
+    /// A folder for the test's own files; gone with the session.
+    [[nodiscard]] std::filesystem::path Folder() const;
+
+    /// Starts cert_approve as a caller of this terminal.
+    [[nodiscard]] std::unique_ptr<Process> Ask(const std::vector<std::string>& arguments,
+                                               const std::string& input = {}) const;
+
+private:
+    [[nodiscard]] std::map<std::string, std::string> Environment() const;
+    void StartApprover(const std::string& language);
+
+    QTemporaryDir m_folder;
+    Compositor m_display;
+    std::unique_ptr<Process> m_approver;
+};
+
+/// Starts cert_approve where TVO_RUNTIME_DIR is the folder, whether a terminal runs there or not.
+[[nodiscard]] std::unique_ptr<Process> StartCaller(const std::filesystem::path& runtimeFolder,
+                                                   const std::vector<std::string>& arguments,
+                                                   const std::string& input = {});
+
+}  // namespace support

@@ -1,0 +1,182 @@
+#include "seat.h"
+
+#include <memory>
+#include <stdexcept>
+
+#include <linux/input-event-codes.h>
+#include <sys/mman.h>
+#include <unistd.h>
+#include <wayland-server-protocol.h>
+#include <xkbcommon/xkbcommon.h>
+
+namespace support::wayland {
+
+namespace {
+
+std::string MakeKeymap()
+{
+    const std::unique_ptr<xkb_context, decltype(&xkb_context_unref)> context(
+        xkb_context_new(XKB_CONTEXT_NO_FLAGS), xkb_context_unref);
+    xkb_rule_names names{};
+    names.layout = "us";
+    const std::unique_ptr<xkb_keymap, decltype(&xkb_keymap_unref)> keymap(
+        xkb_keymap_new_from_names(context.get(), &names, XKB_KEYMAP_COMPILE_NO_FLAGS),
+        xkb_keymap_unref);
+    if (!keymap)
+    {
+        throw std::runtime_error("No keymap for a US keyboard");
+    }
+    const std::unique_ptr<char, decltype(&free)> text(
+        xkb_keymap_get_as_string(keymap.get(), XKB_KEYMAP_FORMAT_TEXT_V1), free);
+    return text.get();
+}
+
+// Clients map the file and expect a zero byte at its end.
+void SendKeymap(wl_resource* keyboard, const std::string& keymap)
+{
+    const std::size_t size = keymap.size() + 1;
+    const int file = memfd_create("keymap", MFD_CLOEXEC);
+    if (pwrite(file, keymap.c_str(), size, 0) == static_cast<ssize_t>(size))
+    {
+        wl_keyboard_send_keymap(
+            keyboard, WL_KEYBOARD_KEYMAP_FORMAT_XKB_V1, file, static_cast<std::uint32_t>(size));
+    }
+    close(file);
+}
+
+}  // namespace
+
+Seat::Seat(wl_display* display)
+    : m_display(display),
+      m_keymap(MakeKeymap()),
+      m_global(display, wl_seat_interface, 5, [this](auto... binding) { Bind(binding...); })
+{}
+
+void Seat::SetFocus(const SurfacePointer& surface)
+{
+    if (surface == m_focus)
+    {
+        return;
+    }
+    Leave();
+    m_focus = surface;
+    EnterKeyboard();
+}
+
+void Seat::PressKey(std::uint32_t key)
+{
+    for (wl_resource* keyboard : InFocus(m_keyboards))
+    {
+        for (const auto state : {WL_KEYBOARD_KEY_STATE_PRESSED, WL_KEYBOARD_KEY_STATE_RELEASED})
+        {
+            wl_keyboard_send_key(keyboard, NextSerial(), Milliseconds(), key, state);
+        }
+    }
+}
+
+void Seat::Click(QPoint point)
+{
+    const wl_fixed_t x = wl_fixed_from_int(point.x());
+    const wl_fixed_t y = wl_fixed_from_int(point.y());
+    for (wl_resource* pointer : InFocus(m_pointers))
+    {
+        if (!m_pointerInside)
+        {
+            wl_pointer_send_enter(pointer, NextSerial(), m_focus->surface, x, y);
+        }
+        wl_pointer_send_motion(pointer, Milliseconds(), x, y);
+        wl_pointer_send_frame(pointer);
+        for (const auto state : {WL_POINTER_BUTTON_STATE_PRESSED, WL_POINTER_BUTTON_STATE_RELEASED})
+        {
+            wl_pointer_send_button(pointer, NextSerial(), Milliseconds(), BTN_LEFT, state);
+            wl_pointer_send_frame(pointer);
+        }
+    }
+    m_pointerInside = true;
+}
+
+void Seat::Bind(wl_client* client, int version, std::uint32_t id)
+{
+    const auto makePointer = [=, this](Arguments a)
+    {
+        MakeDevice(m_pointers, client, wl_pointer_interface, version, a[0].n);
+    };
+    const auto makeKeyboard = [=, this](Arguments a)
+    {
+        MakeKeyboard(client, version, a[0].n);
+    };
+    wl_resource* seat = MakeObject(client,
+                                   wl_seat_interface,
+                                   version,
+                                   id,
+                                   {{"get_pointer", makePointer}, {"get_keyboard", makeKeyboard}});
+    wl_seat_send_capabilities(seat, WL_SEAT_CAPABILITY_POINTER | WL_SEAT_CAPABILITY_KEYBOARD);
+}
+
+wl_resource* Seat::MakeDevice(Devices& devices,
+                              wl_client* client,
+                              const wl_interface& interface,
+                              int version,
+                              std::uint32_t id)
+{
+    const auto destroyed = [&devices](wl_resource* gone)
+    {
+        devices.erase(gone);
+    };
+    return *devices.insert(MakeObject(client, interface, version, id, {}, destroyed)).first;
+}
+
+void Seat::MakeKeyboard(wl_client* client, int version, std::uint32_t id)
+{
+    wl_resource* keyboard = MakeDevice(m_keyboards, client, wl_keyboard_interface, version, id);
+    SendKeymap(keyboard, m_keymap);
+    wl_keyboard_send_repeat_info(keyboard, 0, 0);
+}
+
+std::vector<wl_resource*> Seat::InFocus(const Devices& devices) const
+{
+    std::vector<wl_resource*> found;
+    for (wl_resource* device : devices)
+    {
+        if (m_focus && m_focus->surface != nullptr &&
+            wl_resource_get_client(device) == wl_resource_get_client(m_focus->surface))
+        {
+            found.push_back(device);
+        }
+    }
+    return found;
+}
+
+std::uint32_t Seat::NextSerial() const
+{
+    return wl_display_next_serial(m_display);
+}
+
+void Seat::EnterKeyboard()
+{
+    for (wl_resource* keyboard : InFocus(m_keyboards))
+    {
+        wl_array keys{};
+        wl_keyboard_send_enter(keyboard, NextSerial(), m_focus->surface, &keys);
+        wl_keyboard_send_modifiers(keyboard, NextSerial(), 0, 0, 0, 0);
+    }
+}
+
+void Seat::Leave()
+{
+    for (wl_resource* keyboard : InFocus(m_keyboards))
+    {
+        wl_keyboard_send_leave(keyboard, NextSerial(), m_focus->surface);
+    }
+    for (wl_resource* pointer : InFocus(m_pointers))
+    {
+        if (m_pointerInside)
+        {
+            wl_pointer_send_leave(pointer, NextSerial(), m_focus->surface);
+            wl_pointer_send_frame(pointer);
+        }
+    }
+    m_pointerInside = false;
+}
+
+}  // namespace support::wayland

@@ -1,0 +1,243 @@
+#include "surfaces.h"
+
+#include <algorithm>
+#include <utility>
+
+#include <QPainter>
+#include <wayland-server-protocol.h>
+#include <xdg-shell-server-protocol.h>
+
+namespace support::wayland {
+
+namespace {
+
+QImage CopyContent(wl_shm_buffer* buffer)
+{
+    const bool opaque = wl_shm_buffer_get_format(buffer) == WL_SHM_FORMAT_XRGB8888;
+    wl_shm_buffer_begin_access(buffer);
+    const QImage view(static_cast<const uchar*>(wl_shm_buffer_get_data(buffer)),
+                      wl_shm_buffer_get_width(buffer),
+                      wl_shm_buffer_get_height(buffer),
+                      wl_shm_buffer_get_stride(buffer),
+                      opaque ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied);
+    QImage copy = view.copy();
+    wl_shm_buffer_end_access(buffer);
+    return copy;
+}
+
+// Lets a toplevel show itself, in a size of its own choice.
+void Configure(Surface& surface)
+{
+    std::uint32_t activated = XDG_TOPLEVEL_STATE_ACTIVATED;
+    wl_array states{sizeof(activated), sizeof(activated), &activated};
+    xdg_toplevel_send_configure(surface.toplevel, 0, 0, &states);
+    wl_display* display = wl_client_get_display(wl_resource_get_client(surface.surface));
+    xdg_surface_send_configure(surface.shellSurface, wl_display_next_serial(display));
+    surface.configured = true;
+}
+
+}  // namespace
+
+Surfaces::Surfaces(wl_display* display, std::function<void()> stackChanged)
+    : m_stackChanged(std::move(stackChanged)),
+      m_compositor(display,
+                   wl_compositor_interface,
+                   4,
+                   [this](auto... binding) { BindCompositor(binding...); }),
+      m_shell(display, xdg_wm_base_interface, 1, [this](auto... binding) { BindShell(binding...); })
+{}
+
+const std::vector<SurfacePointer>& Surfaces::Stack() const
+{
+    return m_stack;
+}
+
+int Surfaces::Showings() const
+{
+    return m_showings;
+}
+
+std::uint32_t Surfaces::Ping(const Surface& surface) const
+{
+    wl_client* client = wl_resource_get_client(surface.shell);
+    const std::uint32_t serial = wl_display_next_serial(wl_client_get_display(client));
+    xdg_wm_base_send_ping(surface.shell, serial);
+    return serial;
+}
+
+bool Surfaces::IsAnswered(std::uint32_t serial) const
+{
+    return m_answered == serial;
+}
+
+QImage Surfaces::Compose(QSize size, QRgb background) const
+{
+    QImage screen(size, QImage::Format_RGB32);
+    screen.fill(background);
+    QPainter painter(&screen);
+    for (const SurfacePointer& surface : m_stack)
+    {
+        painter.drawImage(0, 0, surface->content);
+    }
+    return screen;
+}
+
+void Surfaces::BindCompositor(wl_client* client, int version, std::uint32_t id)
+{
+    MakeObject(client,
+               wl_compositor_interface,
+               version,
+               id,
+               {{"create_surface",
+                 [=, this](Arguments a)
+                 {
+                     MakeSurface(client, version, a[0].n);
+                 }},
+                {"create_region",
+                 [=](Arguments a)
+                 {
+                     MakeObject(client, wl_region_interface, 1, a[0].n, {});
+                 }}});
+}
+
+void Surfaces::BindShell(wl_client* client, int version, std::uint32_t id)
+{
+    auto shell = std::make_shared<wl_resource*>();
+    *shell = MakeObject(client,
+                        xdg_wm_base_interface,
+                        version,
+                        id,
+                        {{"get_xdg_surface",
+                          [=, this](Arguments a)
+                          {
+                              MakeShellSurface(*shell, a[0].n, ObjectAt(a, 1));
+                          }},
+                         {"pong",
+                          [this](Arguments a)
+                          {
+                              m_answered = a[0].u;
+                          }}});
+}
+
+void Surfaces::MakeSurface(wl_client* client, int version, std::uint32_t id)
+{
+    auto surface = std::make_shared<Surface>();
+    const auto attach = [surface](Arguments a)
+    {
+        surface->pendingBuffer = ObjectAt(a, 0);
+        surface->attached = true;
+    };
+    const auto frame = [=](Arguments a)
+    {
+        surface->frames.push_back(MakeObject(client, wl_callback_interface, 1, a[0].n, {}));
+    };
+    const auto destroyed = [=, this](wl_resource* resource)
+    {
+        surface->surface = nullptr;
+        m_all.erase(resource);
+        Hide(surface);
+    };
+    surface->surface = MakeObject(client,
+                                  wl_surface_interface,
+                                  version,
+                                  id,
+                                  {{"attach", attach},
+                                   {"frame", frame},
+                                   {"commit",
+                                    [=, this](Arguments /*none*/)
+                                    {
+                                        Commit(surface);
+                                    }}},
+                                  destroyed);
+    m_all[surface->surface] = surface;
+}
+
+void Surfaces::MakeShellSurface(wl_resource* shell, std::uint32_t id, wl_resource* resource)
+{
+    const SurfacePointer surface = m_all.at(resource);
+    wl_client* client = wl_resource_get_client(shell);
+    surface->shell = shell;
+    surface->shellSurface =
+        MakeObject(client,
+                   xdg_surface_interface,
+                   1,
+                   id,
+                   {{"get_toplevel",
+                     [=, this](Arguments a)
+                     {
+                         MakeToplevel(client, a[0].n, surface);
+                     }}},
+                   [surface](wl_resource* /*gone*/) { surface->shellSurface = nullptr; });
+}
+
+void Surfaces::MakeToplevel(wl_client* client, std::uint32_t id, const SurfacePointer& surface)
+{
+    const auto destroyed = [surface, this](wl_resource* /*gone*/)
+    {
+        surface->toplevel = nullptr;
+        Hide(surface);
+    };
+    surface->toplevel = MakeObject(client,
+                                   xdg_toplevel_interface,
+                                   1,
+                                   id,
+                                   {{"set_title",
+                                     [surface](Arguments a)
+                                     {
+                                         surface->title = a[0].s;
+                                     }},
+                                    {"set_app_id",
+                                     [surface](Arguments a)
+                                     {
+                                         surface->application = a[0].s;
+                                     }}},
+                                   destroyed);
+}
+
+void Surfaces::Commit(const SurfacePointer& surface)
+{
+    if (std::exchange(surface->attached, false))
+    {
+        if (surface->pendingBuffer != nullptr)
+        {
+            surface->content = CopyContent(wl_shm_buffer_get(surface->pendingBuffer));
+            wl_buffer_send_release(surface->pendingBuffer);
+            Show(surface);
+        }
+        else
+        {
+            Hide(surface);
+        }
+    }
+    else if (surface->toplevel != nullptr && !surface->configured)
+    {
+        Configure(*surface);
+    }
+    for (wl_resource* frame : std::exchange(surface->frames, {}))
+    {
+        wl_callback_send_done(frame, Milliseconds());
+        wl_resource_destroy(frame);
+    }
+}
+
+void Surfaces::Show(const SurfacePointer& surface)
+{
+    const bool shown = std::find(m_stack.begin(), m_stack.end(), surface) != m_stack.end();
+    if (surface->toplevel != nullptr && !shown)
+    {
+        m_stack.push_back(surface);
+        ++m_showings;
+        m_stackChanged();
+    }
+}
+
+void Surfaces::Hide(const SurfacePointer& surface)
+{
+    surface->configured = false;
+    if (std::erase(m_stack, surface) != 0)
+    {
+        m_stackChanged();
+    }
+}
+
+}  // namespace support::wayland

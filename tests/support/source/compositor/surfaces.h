@@ -1,0 +1,72 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <QImage>
+
+#include "object.h"
+
+namespace support::wayland {
+
+/// A client's surface with its shell role and a copy of its latest content. The objects' pointers
+/// are null once the client has destroyed them.
+struct Surface
+{
+    wl_resource* surface = nullptr;
+    wl_resource* shell = nullptr;
+    wl_resource* shellSurface = nullptr;
+    wl_resource* toplevel = nullptr;
+    bool configured = false;
+    wl_resource* pendingBuffer = nullptr;
+    bool attached = false;
+    std::vector<wl_resource*> frames;
+    QImage content;
+    std::string title;
+    std::string application;
+};
+
+using SurfacePointer = std::shared_ptr<Surface>;
+
+/// The surfaces of all clients, the toplevels among them, and the stack of what is shown.
+class Surfaces final
+{
+public:
+    Surfaces(wl_display* display, std::function<void()> stackChanged);
+
+    /// Shown toplevels, the topmost one last.
+    [[nodiscard]] const std::vector<SurfacePointer>& Stack() const;
+
+    /// How many times a toplevel has come up so far.
+    [[nodiscard]] int Showings() const;
+
+    /// Sends a ping to the surface's client, which answers it after all events before.
+    /// @returns the serial by which IsAnswered asks for the answer.
+    std::uint32_t Ping(const Surface& surface) const;
+    [[nodiscard]] bool IsAnswered(std::uint32_t serial) const;
+
+    /// The stack over the background.
+    [[nodiscard]] QImage Compose(QSize size, QRgb background) const;
+
+private:
+    void BindCompositor(wl_client* client, int version, std::uint32_t id);
+    void BindShell(wl_client* client, int version, std::uint32_t id);
+    void MakeSurface(wl_client* client, int version, std::uint32_t id);
+    void MakeShellSurface(wl_resource* shell, std::uint32_t id, wl_resource* resource);
+    void MakeToplevel(wl_client* client, std::uint32_t id, const SurfacePointer& surface);
+    void Commit(const SurfacePointer& surface);
+    void Show(const SurfacePointer& surface);
+    void Hide(const SurfacePointer& surface);
+
+    std::function<void()> m_stackChanged;
+    std::map<wl_resource*, SurfacePointer> m_all;
+    std::vector<SurfacePointer> m_stack;
+    int m_showings = 0;
+    std::uint32_t m_answered = 0;
+    Global m_compositor;
+    Global m_shell;
+};
+
+}  // namespace support::wayland
