@@ -20,10 +20,13 @@ function(tvo_add_library name)
 endfunction()
 
 # tvo_add_program(NAME SOURCES... LIBRARIES...)
+# All programs of a build stand in its folder bin/.
 function(tvo_add_program name)
     cmake_parse_arguments(arg "" "" "SOURCES;LIBRARIES" ${ARGN})
     add_executable(${name} ${arg_SOURCES})
     target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} tvo_options)
+    set_target_properties(${name} PROPERTIES
+        RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
     install(TARGETS ${name} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 endfunction()
 

@@ -20,5 +20,10 @@ if(TVO_SANITIZERS)
     target_link_options(tvo_options INTERFACE -fsanitize=${TVO_SANITIZERS})
 endif()
 
+if(TVO_FUZZ)
+    # What is fuzzed has to report its branches to libFuzzer.
+    target_compile_options(tvo_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
 find_package(Threads REQUIRED)
 target_link_libraries(tvo_options INTERFACE Threads::Threads)

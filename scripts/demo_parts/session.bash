@@ -25,10 +25,21 @@ end_session() {
     trap '' HUP INT TERM
     local i
     for ((i = ${#children[@]} - 1; i >= 0; --i)); do
-        kill "${children[i]}" 2>/dev/null || true
-        wait "${children[i]}" 2>/dev/null || true
+        end_process "${children[i]}"
     done
     rm -rf "$folder"
+}
+
+# sway loses a request to end that comes while it starts, so nobody is asked for ever.
+end_process() {
+    local tries
+    kill "$1" 2>/dev/null || true
+    for ((tries = 0; tries < 60; ++tries)); do
+        process_runs "$1" || break
+        sleep 0.05
+    done
+    kill -KILL "$1" 2>/dev/null || true
+    wait "$1" 2>/dev/null || true
 }
 
 process_runs() {

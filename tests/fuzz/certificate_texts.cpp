@@ -1,9 +1,8 @@
+#include <component/plk/utf8.h>
 #include <tools/cert_approve/cert_record.h>
 #include <tools/cert_approve/certificate.h>
 #include <tools/cert_approve/failure.h>
 #include <tools/cert_approve/testing/make_certificate.h>
-
-#include <component/plk/utf8.h>
 
 #include "fuzz_target.h"
 

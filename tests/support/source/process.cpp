@@ -2,8 +2,9 @@
 #include <stdexcept>
 
 #include <QDeadlineTimer>
-#include <support/process.h>
 #include <sys/prctl.h>
+
+#include <support/process.h>
 
 namespace support {
 

@@ -6,6 +6,7 @@
 
 #include <QRect>
 #include <gmock/gmock.h>
+
 #include <support/certificate.h>
 #include <support/picture.h>
 #include <support/terminal_session.h>

@@ -1,5 +1,6 @@
 #include <QGuiApplication>
 #include <gmock/gmock.h>
+
 #include <support/picture.h>
 
 int main(int argc, char** argv)

@@ -2,9 +2,9 @@
 #include <iterator>
 
 #include <fmt/format.h>
-#include <tools/cert_approve/cert_record.h>
 
 #include <component/plk/utf8.h>
+#include <tools/cert_approve/cert_record.h>
 
 namespace cert_approve {
 namespace {

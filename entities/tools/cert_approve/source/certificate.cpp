@@ -5,6 +5,7 @@
 
 #include <openssl/pem.h>
 #include <openssl/x509.h>
+
 #include <tools/cert_approve/certificate.h>
 #include <tools/cert_approve/failure.h>
 

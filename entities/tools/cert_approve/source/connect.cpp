@@ -13,6 +13,7 @@
 #include <netdb.h>
 #include <poll.h>
 #include <sys/socket.h>
+
 #include <tools/cert_approve/failure.h>
 
 namespace cert_approve {

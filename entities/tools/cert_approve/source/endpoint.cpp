@@ -7,6 +7,7 @@
 #include <arpa/inet.h>
 #include <fmt/format.h>
 #include <netinet/in.h>
+
 #include <tools/cert_approve/failure.h>
 
 namespace cert_approve {

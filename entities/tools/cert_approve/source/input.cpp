@@ -6,8 +6,9 @@
 
 #include <fcntl.h>
 #include <fmt/format.h>
-#include <tools/cert_approve/failure.h>
 #include <unistd.h>
+
+#include <tools/cert_approve/failure.h>
 
 #include "descriptor.h"
 

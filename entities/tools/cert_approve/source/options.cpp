@@ -1,6 +1,7 @@
 #include "options.h"
 
 #include <CLI/CLI.hpp>
+
 #include <tools/cert_approve/failure.h>
 
 namespace cert_approve {

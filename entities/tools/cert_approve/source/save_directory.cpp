@@ -9,8 +9,9 @@
 #include <fcntl.h>
 #include <fmt/format.h>
 #include <sys/stat.h>
-#include <tools/cert_approve/failure.h>
 #include <unistd.h>
+
+#include <tools/cert_approve/failure.h>
 
 namespace cert_approve {
 namespace {

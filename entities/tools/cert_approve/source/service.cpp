@@ -5,12 +5,12 @@
 #include <string>
 
 #include <fmt/format.h>
-#include <tools/cert_approve/failure.h>
 
 #include <component/cert_approver/tvo_ipc/client.h>
 #include <component/logger/formatters.h>
 #include <component/logger/logger.h>
 #include <component/plk/process_exception.h>
+#include <tools/cert_approve/failure.h>
 
 namespace cert_approve {
 namespace {

@@ -5,6 +5,7 @@
 #include <fmt/format.h>
 #include <openssl/ssl.h>
 #include <poll.h>
+
 #include <tools/cert_approve/failure.h>
 
 #include "connect.h"

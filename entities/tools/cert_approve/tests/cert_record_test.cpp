@@ -3,6 +3,7 @@
 #include <utility>
 
 #include <gtest/gtest.h>
+
 #include <tools/cert_approve/cert_record.h>
 #include <tools/cert_approve/testing/make_certificate.h>
 

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include <gtest/gtest.h>
+
 #include <tools/cert_approve/certificate.h>
 #include <tools/cert_approve/failure.h>
 #include <tools/cert_approve/testing/make_certificate.h>

@@ -3,6 +3,7 @@
 #include <string>
 
 #include <gtest/gtest.h>
+
 #include <tools/cert_approve/failure.h>
 
 using cert_approve::IsAddress;

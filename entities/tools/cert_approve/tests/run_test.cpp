@@ -7,6 +7,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
 #include <tools/cert_approve/failure.h>
 #include <tools/cert_approve/testing/make_certificate.h>
 

@@ -6,6 +6,7 @@
 #include <string>
 
 #include <gtest/gtest.h>
+
 #include <tools/cert_approve/failure.h>
 #include <tools/cert_approve/testing/make_certificate.h>
 

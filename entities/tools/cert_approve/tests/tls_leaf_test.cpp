@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 #include <openssl/ssl.h>
 #include <sys/socket.h>
+
 #include <tools/cert_approve/failure.h>
 #include <tools/cert_approve/testing/make_certificate.h>
 

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include <QImage>
+
 #include <support/process.h>
 
 namespace support {

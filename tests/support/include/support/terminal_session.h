@@ -7,6 +7,7 @@
 
 #include <QSize>
 #include <QTemporaryDir>
+
 #include <support/compositor.h>
 #include <support/process.h>
 

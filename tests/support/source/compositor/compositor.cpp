@@ -6,12 +6,13 @@
 #include <thread>
 
 #include <poll.h>
-#include <support/compositor.h>
 #include <sys/eventfd.h>
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <unistd.h>
 #include <xdg-shell-server-protocol.h>
+
+#include <support/compositor.h>
 
 #include "outputs.h"
 #include "seat.h"

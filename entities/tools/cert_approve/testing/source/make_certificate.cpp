@@ -5,6 +5,7 @@
 #include <openssl/evp.h>
 #include <openssl/pem.h>
 #include <openssl/x509v3.h>
+
 #include <tools/cert_approve/testing/make_certificate.h>
 
 namespace cert_approve::testing {

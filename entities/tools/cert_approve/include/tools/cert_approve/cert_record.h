@@ -4,9 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include <tools/cert_approve/certificate.h>
-
 #include <component/cert_approver/cert_data.h>
+#include <tools/cert_approve/certificate.h>
 
 namespace cert_approve {
 
