@@ -35,11 +35,10 @@ end_process() {
     local tries
     kill "$1" 2>/dev/null || true
     for ((tries = 0; tries < 60; ++tries)); do
-        process_runs "$1" || break
+        process_runs "$1" || return 0
         sleep 0.05
     done
     kill -KILL "$1" 2>/dev/null || true
-    wait "$1" 2>/dev/null || true
 }
 
 process_runs() {
