@@ -34,7 +34,7 @@ private:
         explicit Line(const Message& message);
 
         [[nodiscard]] bool Equals(const Line& other) const;
-        [[nodiscard]] Message ToMessage(spdlog::string_view_t payload) const;
+        [[nodiscard]] Message ToMessage(spdlog::string_view_t text) const;
 
         Message fields;
         std::string tag;

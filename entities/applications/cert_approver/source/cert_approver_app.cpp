@@ -19,7 +19,7 @@ namespace {
 constexpr char LoggerTag[] = "CRT_APPR";
 constexpr char DefaultLanguage[] = "en_EN";
 
-void SetAppName(QString appName)
+void SetAppName(const QString& appName)
 {
     QCoreApplication::setOrganizationName(QStringLiteral("Vantelore"));
     QCoreApplication::setOrganizationDomain(QStringLiteral("vantelore.example"));
@@ -45,7 +45,7 @@ OsApplication::OsApplication(
       m_windowResizer(std::move(windowResizer)),
       m_engine(std::move(engine))
 {
-    SetAppName(std::move(appName));
+    SetAppName(appName);
     ZIN_CHECK(m_languageReaderFactory != nullptr, "LanguageReaderFactory is null");
     ZIN_CHECK(m_translationInstaller != nullptr, "TranslationInstaller is null");
     ZIN_CHECK(m_windowResizer != nullptr, "WindowResizer is null");

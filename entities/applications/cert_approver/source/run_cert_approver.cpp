@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include <QGuiApplication>
 #include <QQmlApplicationEngine>
@@ -42,6 +43,7 @@ using Dispatcher =
 
 constexpr char DefaultAppName[] = "CertApprover";
 constexpr char QtAppName[] = "cert_approver";
+constexpr char Utf8Locale[] = "C.UTF-8";
 constexpr std::uint32_t ReceiveTimeoutMs = 500;
 constexpr int FailureStatus = 1;
 
@@ -49,7 +51,11 @@ constexpr int FailureStatus = 1;
 /// locale "C". Qt takes the locale of the environment, whatever it is.
 void UseUtf8()
 {
-    std::setlocale(LC_CTYPE, "C.UTF-8");
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): nobody converts text before the application is up.
+    if (std::setlocale(LC_CTYPE, Utf8Locale) == nullptr)
+    {
+        TVO_LOG_WARNING("Locale {} is not available", Utf8Locale);
+    }
 }
 
 std::unique_ptr<ILanguageReader> MakeLanguageReader(std::string defaultValue)
@@ -93,8 +99,9 @@ int Serve(const OsApplication& application, std::shared_ptr<IWindow> window)
 
 int Run(int& argc, char** argv)
 {
-    [[maybe_unused]] const auto appName = ::common_utils::app_utils::GetAppNameOrDefault(
-        argc, const_cast<const char**>(argv), DefaultAppName);
+    std::vector<const char*> arguments(argv, argv + argc);
+    [[maybe_unused]] const auto appName =
+        ::common_utils::app_utils::GetAppNameOrDefault(argc, arguments.data(), DefaultAppName);
     OsApplication::SetupLogger();
     TVO_LOG_INFO("[main] CertApprover is starting...");
 

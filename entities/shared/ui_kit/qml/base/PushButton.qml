@@ -55,6 +55,7 @@ Button {
             Loader {
                 anchors.horizontalCenter: parent.horizontalCenter
                 active: root.hintText !== ""
+                visible: active
                 asynchronous: true
                 sourceComponent: hint
             }

@@ -4,36 +4,18 @@ import QtTest
 import "qrc:/ui_kit/qml/base/" as UiKitBase
 
 TestCase {
-    function test_standsFourPixelsOutside_data() {
-        return [
-            { tag: "rounded", item: ofRectangle, rect: Qt.rect(-4, -4, 108, 58), radius: 14 },
-            { tag: "without a radius", item: ofItem, rect: Qt.rect(-4, -4, 68, 48), radius: 0 },
-            { tag: "of a sibling", item: ofSibling, rect: Qt.rect(196, 96, 28, 28), radius: 7 }
-        ];
-    }
-
-    function test_standsFourPixelsOutside(row) {
-        const item = row.item;
-        compare(Qt.rect(item.x, item.y, item.width, item.height), row.rect);
-        compare(item.radius, row.radius);
-    }
-
-    function test_frameFollowsThePalette() {
-        paletteProvider.palette = darkPalette;
-        compare(ofItem.border.color.toString(), "#b2ffffff");
-        paletteProvider.palette = null;
-        compare(ofItem.border.color.toString(), "#ffffff");
-        compare(ofItem.border.width, 2);
+    function test_standsFourPixelsOutside() {
+        compare(Qt.rect(outline.x, outline.y, outline.width, outline.height),
+                Qt.rect(-4, -4, 108, 58));
+        compare([outline.radius, outline.border.width], [14, 2]);
     }
 
     function test_complainsAboutNothingToSurround() {
         ignoreWarning("'outlinedComponent ' property is not set");
-        const outline = createTemporaryObject(lonely, null);
-        verify(outline);
+        verify(createTemporaryObject(lonely, null));
     }
 
     name: "Outline"
-    when: windowShown
 
     Rectangle {
         width: 100
@@ -41,33 +23,8 @@ TestCase {
         radius: 10
 
         UiKitBase.Outline {
-            id: ofRectangle
+            id: outline
         }
-    }
-
-    Item {
-        width: 60
-        height: 40
-
-        UiKitBase.Outline {
-            id: ofItem
-        }
-    }
-
-    Rectangle {
-        id: sibling
-
-        x: 200
-        y: 100
-        width: 20
-        height: 20
-        radius: 3
-    }
-
-    UiKitBase.Outline {
-        id: ofSibling
-
-        outlinedComponent: sibling
     }
 
     Component {

@@ -137,9 +137,10 @@ void CertApproverWindowView::SetCertificateData(const CertViewData& data) noexce
 
 std::unique_ptr<::common::utils::ICallableGuard> CertApproverWindowView::GetGuardView() const
 {
-    // The guard only asks whether the object lives; it takes a pointer that is not const.
-    return std::make_unique<vdi::common_utils_ui::QtCallableGuard>(
-        const_cast<CertApproverWindowView*>(this));
+    // The guard asks whether the object lives, and nothing else of it.
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-const-cast)
+    auto* self = const_cast<CertApproverWindowView*>(this);
+    return std::make_unique<vdi::common_utils_ui::QtCallableGuard>(self);
 }
 
 void CertApproverWindowView::Close() noexcept
