@@ -42,7 +42,7 @@ Endpoint::Endpoint()
 
 std::shared_ptr<Endpoint> Endpoint::Make(std::optional<BoundName> name)
 {
-    const std::shared_ptr<Endpoint> endpoint(new Endpoint);
+    std::shared_ptr<Endpoint> endpoint(new Endpoint);
     if (!endpoint->m_epoll || !endpoint->m_closeEvent ||
         !endpoint->Watch(endpoint->m_closeEvent.Get(), CloseKey, EPOLLIN))
     {
@@ -342,11 +342,11 @@ void Endpoint::Close()
     ::eventfd_write(m_closeEvent.Get(), 1);
     {
         const std::lock_guard lock(m_mutex);
-        for (std::size_t slot = 0; slot < m_slots.size(); ++slot)
+        for (const auto& connection : m_slots)
         {
-            if (m_slots[slot] != nullptr)
+            if (connection != nullptr)
             {
-                RemoveLocked(m_slots[slot]->Id());
+                RemoveLocked(connection->Id());
             }
         }
         m_name.reset();

@@ -56,7 +56,9 @@ EventWaiter::Reading Drain(int socket)
         for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i)
         {
             // Only whole masks count; nothing at all is the end of the stream.
-            reading.bits |= messages[i].msg_len == sizeof masks[i] ? masks[i] : 0;
+            const bool whole = messages[i].msg_len == sizeof masks[i] &&
+                               (messages[i].msg_hdr.msg_flags & MSG_TRUNC) == 0;
+            reading.bits |= whole ? masks[i] : 0;
             reading.ended |= messages[i].msg_len == 0;
         }
         if (reading.ended || count < static_cast<int>(MasksAtOnce))
@@ -121,7 +123,7 @@ void EventWaiter::Unbind(std::uint64_t key)
     }
 }
 
-EventSetter::EventSetter(Descriptor socket, std::shared_ptr<EventWaiter> waiter)
+EventSetter::EventSetter(Descriptor socket, const std::shared_ptr<EventWaiter>& waiter)
     : Object(ObjectKind::EventSetter),
       m_socket(std::move(socket)),
       m_duplicate(::fcntl(waiter->Socket(), F_DUPFD_CLOEXEC, 0))

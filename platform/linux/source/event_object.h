@@ -59,7 +59,7 @@ class EventSetter final : public Object
 public:
     static constexpr ObjectKind HandleKind = ObjectKind::EventSetter;
 
-    EventSetter(Descriptor socket, std::shared_ptr<EventWaiter> waiter);
+    EventSetter(Descriptor socket, const std::shared_ptr<EventWaiter>& waiter);
 
     /// False when no descriptor was left for the duplicate.
     bool IsWhole() const

@@ -24,7 +24,7 @@ const bool g_limitRaised = RaiseDescriptorLimit();
 HandleTable& HandleTable::Instance()
 {
     // Never destroyed: threads may still be in a call while the process exits.
-    static HandleTable* const table = new HandleTable;
+    static auto* const table = new HandleTable;
     return *table;
 }
 

@@ -1,9 +1,9 @@
 #include "packet.h"
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstring>
-#include <memory>
 
 #include <poll.h>
 
@@ -13,11 +13,11 @@ namespace {
 /// Room for one descriptor more than allowed, so that it is seen and not cut away.
 constexpr std::size_t ControlBytes = CMSG_SPACE((MaxPacketDescriptors + 1) * sizeof(int));
 
-/// One a thread, so that nothing is allocated per message.
+/// One a thread, so that nothing is allocated per message and nothing goes while the process exits.
 unsigned char* PacketBuffer()
 {
-    thread_local const auto buffer = std::make_unique<unsigned char[]>(MaxPacketBytes);
-    return buffer.get();
+    thread_local std::array<unsigned char, MaxPacketBytes> buffer;
+    return buffer.data();
 }
 
 bool HasHungUp(int socket)

@@ -1,8 +1,7 @@
 #include "pause.h"
 
 #include <cerrno>
-
-#include <time.h>
+#include <ctime>
 
 #include <xo/sleep.h>
 

@@ -6,7 +6,7 @@
 namespace cert_approve {
 
 /// Room for any certificate that means well, and an end for what never ends.
-inline constexpr std::size_t MaxInputBytes = 1024 * 1024;
+inline constexpr std::size_t MaxInputBytes = std::size_t{1024} * 1024;
 
 /// Reads a file, or standard input for "-".
 /// @throws Failure  BadInput when it cannot be read or is larger than `MaxInputBytes`
