@@ -4,31 +4,27 @@ on_screen() {
     XDG_RUNTIME_DIR=$folder/terminal WAYLAND_DISPLAY=$wayland_socket "$@"
 }
 
-# The colour of a pixel of a binary PPM file, as six hexadecimal digits.
-pixel() {
-    local file=$1 x=$2 y=$3 width height header
-    read -r width height < <(sed -n 2p "$file")
+# The dialog, 650 pixels wide, stands in the middle of the screen, whose size is the session's
+# choice. A pixel at the left edge of its information panel tells that it is there.
+shows_dialog() {
+    local file=$1 width height header colour
+    read -r width height < <(sed -n '2{p;q}' "$file")
     header="P6
 $width $height
 255
 "
-    if ((x >= width || y >= height)); then
-        return 1
-    fi
-    od -An -v -tx1 -j $((${#header} + 3 * (y * width + x))) -N 3 "$file" | tr -d ' '
+    colour=$(od -An -v -tx1 -N 3 "$file" \
+        -j $((${#header} + 3 * (height / 2 * width + (width - 650) / 2 + 48))) | tr -d ' ')
+    [[ $colour == 191b1e ]]
 }
 
-# The dialog, 650 pixels wide, stands in the middle of the screen. A pixel at the left edge of its
-# information panel tells that it is there; two equal pictures in a row, that nothing changes any
-# more.
+# Two equal pictures in a row tell that nothing changes any more.
 dialog_is_up() {
     local picture=$folder/terminal/screen.ppm last=$folder/terminal/last.ppm
-    local width=${size%x*} height=${size#*x}
     if [[ -e $picture ]]; then
         mv "$picture" "$last"
     fi
-    on_screen grim -t ppm "$picture" 2>/dev/null &&
-        [[ $(pixel "$picture" $(((width - 650) / 2 + 48)) $((height / 2))) == 191b1e ]] &&
+    on_screen grim -t ppm "$picture" 2>/dev/null && shows_dialog "$picture" &&
         cmp -s "$picture" "$last"
 }
 

@@ -2,7 +2,7 @@
 # their end. Sourced by scripts/demo.
 
 # What runs as root may use a compositor that another user runs; sway itself refuses to be root.
-readonly unprivileged=65534
+sway_user=65534
 
 folder=
 children=()
@@ -10,9 +10,6 @@ children=()
 start_session() {
     folder=$(mktemp -d /tmp/tvo-demo.XXXXXX)
     trap end_session EXIT
-    trap 'exit 129' HUP
-    trap 'exit 130' INT
-    trap 'exit 143' TERM
     chmod 0711 "$folder"
     mkdir -m 0700 "$folder/sway" "$folder/terminal"
     start_sway
@@ -75,25 +72,34 @@ start_sway() {
     cp "$root/scripts/demo_parts/sway.conf" "$folder/sway/sway.conf"
     echo "output * resolution $size" >>"$folder/sway/sway.conf"
     if has_session; then
-        link_session_display
+        find_session
     else
         variables+=(WLR_BACKENDS=headless WLR_LIBINPUT_NO_DEVICES=1)
     fi
     if ((EUID == 0)); then
-        prefix=(setpriv "--reuid=$unprivileged" "--regid=$unprivileged" --clear-groups)
-        chown -R "$unprivileged:$unprivileged" "$folder/sway"
+        prefix=(setpriv "--reuid=$sway_user" "--regid=$sway_user" --clear-groups)
+        chown -R "$sway_user:$sway_user" "$folder/sway"
     fi
     env "${variables[@]}" XDG_RUNTIME_DIR="$folder/sway" \
         "${prefix[@]}" sway --unsupported-gpu -c "$folder/sway/sway.conf" >"$folder/sway.log" 2>&1 &
     sway=$!
     children+=("$sway")
-    wait_until "$sway" find_wayland_socket || give_up "sway does not start" "$folder/sway.log"
+    wait_until "$sway" find_wayland_socket ||
+        give_up "sway does not start; without WAYLAND_DISPLAY and DISPLAY it needs no session" \
+            "$folder/sway.log"
 }
 
 # sway gets a runtime folder of its own, and so has to be told the session's socket by its path.
-link_session_display() {
-    if [[ -n ${WAYLAND_DISPLAY:-} && $WAYLAND_DISPLAY != /* ]]; then
-        export WAYLAND_DISPLAY=$XDG_RUNTIME_DIR/$WAYLAND_DISPLAY
+# Where root asks, sway runs as the user of the session.
+find_session() {
+    if [[ -n ${WAYLAND_DISPLAY:-} ]]; then
+        if [[ $WAYLAND_DISPLAY != /* ]]; then
+            export WAYLAND_DISPLAY=${XDG_RUNTIME_DIR:-}/$WAYLAND_DISPLAY
+        fi
+        sway_user=$(stat -c %u "$WAYLAND_DISPLAY") || fail 4 "there is no session at $WAYLAND_DISPLAY"
+    elif [[ -r ${XAUTHORITY:-${HOME:-}/.Xauthority} ]]; then
+        cp "${XAUTHORITY:-${HOME:-}/.Xauthority}" "$folder/sway/xauthority"
+        export XAUTHORITY=$folder/sway/xauthority
     fi
 }
 

@@ -22,7 +22,8 @@ int XoCmConnect(const char* server,
 
 /// Waits for a connection request to a service that this process has published. The request stays
 /// pending until it is accepted, dropped, or its client has gone. Requests never reported come
-/// first, in order of arrival, then the one reported longest ago.
+/// first, in order of arrival (those for published services before others), then the one reported
+/// longest ago.
 /// @param filter  null
 /// @param client  `XoCmNameSize` bytes; a name that no other pending request has
 /// @param service  `XoCmNameSize` bytes

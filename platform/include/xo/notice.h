@@ -31,7 +31,8 @@ int XoNoticeSubscribeToObject(SNotice* notice,
 
 /// Waits until at least one event is there, for at most `timeoutMs` milliseconds (0xFFFFFFFF: no
 /// limit), and fills up to `count` records. `XoEventClosed` is reported once, together with what
-/// came before it; then the object leaves the set.
+/// came before it; then the object leaves the set. Closing the subscribed handle itself counts as
+/// its end.
 /// @returns 0, `XoTimedOut`, `XoObjectGone` after `XoNoticeDropAndWake`; a permanent failure comes
 ///          after at least 100 ms
 int XoNoticeGetEvent(SNotice* notice,
@@ -56,4 +57,6 @@ int XoEventCreate(std::uint32_t* setter, std::uint32_t* waiter);
 
 /// Sets event bits through the setting end. Never blocks and loses no bit; bits that the waiter has
 /// not fetched yet are joined.
+/// @param mask  not empty and without `XoEventClosed`, which is the platform's to report
+/// @returns 0, `XoInvalidArgument` also for a waiting end, or `XoObjectGone`
 int XoNoticeSetObjectEvent(std::uint32_t handle, std::uint32_t mask);

@@ -74,6 +74,7 @@ std::optional<BoundName> BoundName::Take(int folder,
 
 BoundName::BoundName(int folder, std::string encodedName, LockFile lock, Descriptor socket)
     : m_folder(folder),
+      m_process(::getpid()),
       m_encodedName(std::move(encodedName)),
       m_lock(std::move(lock)),
       m_socket(std::move(socket))
@@ -81,6 +82,7 @@ BoundName::BoundName(int folder, std::string encodedName, LockFile lock, Descrip
 
 BoundName::BoundName(BoundName&& other) noexcept
     : m_folder(other.m_folder),
+      m_process(other.m_process),
       m_encodedName(std::exchange(other.m_encodedName, {})),
       m_lock(std::move(other.m_lock)),
       m_socket(std::move(other.m_socket))
@@ -89,7 +91,7 @@ BoundName::BoundName(BoundName&& other) noexcept
 BoundName::~BoundName()
 {
     // Under the lock still: the next holder's socket cannot be meant.
-    if (!m_encodedName.empty())
+    if (!m_encodedName.empty() && m_process == ::getpid())
     {
         ::unlinkat(m_folder, (m_encodedName + std::string(SocketSuffix)).c_str(), 0);
     }

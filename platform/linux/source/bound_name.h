@@ -4,13 +4,16 @@
 #include <string>
 #include <vector>
 
+#include <sys/types.h>
+
 #include "descriptor.h"
 #include "lock_file.h"
 
 namespace platform {
 
 /// A name under which this process can be reached: the lock file that holds it and a socket that
-/// listens. The socket appears under its name only when it is ready; it goes with this object.
+/// listens. The socket appears under its name only when it is ready; it goes with this object, but
+/// not with a copy in a forked child.
 class BoundName final
 {
 public:
@@ -33,6 +36,7 @@ private:
     BoundName(int folder, std::string encodedName, LockFile lock, Descriptor socket);
 
     int m_folder;
+    pid_t m_process;
     std::string m_encodedName;  ///< empty after a move
     LockFile m_lock;
     Descriptor m_socket;

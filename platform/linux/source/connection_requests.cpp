@@ -4,6 +4,7 @@
 #include <array>
 #include <atomic>
 #include <cerrno>
+#include <memory>
 #include <tuple>
 #include <utility>
 
@@ -17,7 +18,7 @@ namespace {
 using std::chrono::milliseconds;
 
 constexpr std::uint64_t BacklogKey = 0;
-constexpr std::size_t EventsAtOnce = 64;
+constexpr std::size_t EventsAtOnce = MaxPendingRequests + 1;
 constexpr auto SilenceLimit = milliseconds(5000);
 constexpr auto RestTime = milliseconds(100);
 
@@ -33,16 +34,21 @@ ConnectionRequests* ConnectionRequests::Instance()
     return g_instance;
 }
 
-void ConnectionRequests::Start(Descriptor listeningSocket)
+bool ConnectionRequests::Start(Descriptor listeningSocket)
 {
-    g_instance = new ConnectionRequests(std::move(listeningSocket));
+    std::unique_ptr<ConnectionRequests> made(new ConnectionRequests(std::move(listeningSocket)));
+    if (!made->Watch(made->m_backlog.Socket(), BacklogKey))
+    {
+        return false;
+    }
+    // Never destroyed: a thread may still listen while the process exits.
+    g_instance = made.release();
+    return true;
 }
 
 ConnectionRequests::ConnectionRequests(Descriptor listeningSocket)
     : m_epoll(::epoll_create1(EPOLL_CLOEXEC)), m_backlog(std::move(listeningSocket))
-{
-    Watch(m_backlog.Socket(), BacklogKey);
-}
+{}
 
 bool ConnectionRequests::Watch(int descriptor, std::uint64_t number)
 {
@@ -70,7 +76,10 @@ int ConnectionRequests::Listen(const Deadline& deadline, ConnectRequest& request
             return XoBroken;
         }
         CloseSilent();
-        MakeRoom();
+        if (MakeRoom() && !Collect(lock, 0))
+        {
+            return XoBroken;
+        }
         if (const auto row = ChooseNext(); row != m_requests.end())
         {
             row->second.reported = m_nextReport++;
@@ -202,14 +211,20 @@ void ConnectionRequests::CloseSilent()
 
 /// With all places taken and somebody at the door, those go that hold a place for nothing: silent
 /// clients, then clients that ask for what is not published here.
-void ConnectionRequests::MakeRoom()
+/// @returns whether somebody came in
+bool ConnectionRequests::MakeRoom()
 {
-    while (m_requests.size() >= MaxPendingRequests && m_backlog.HasWaiting())
+    bool made = false;
+    for (std::size_t i = 0; i < MaxPendingRequests; ++i)
     {
+        if (m_requests.size() < MaxPendingRequests || !m_backlog.HasWaiting())
+        {
+            break;
+        }
         const auto victim = ChooseVictim();
         if (victim == m_requests.end())
         {
-            return;
+            break;
         }
         if (victim->second.asked)
         {
@@ -221,7 +236,9 @@ void ConnectionRequests::MakeRoom()
         }
         Remove(victim);
         TakeFromBacklog();
+        made = true;
     }
+    return made;
 }
 
 ConnectionRequests::Requests::iterator ConnectionRequests::ChooseVictim()
@@ -315,6 +332,7 @@ std::optional<ConnectionRequests::Taken> ConnectionRequests::Take(const char* cl
     Taken taken{row->first, std::move(row->second.socket), row->second.peer};
     ::epoll_ctl(m_epoll.Get(), EPOLL_CTL_DEL, taken.socket.Get(), nullptr);
     m_requests.erase(row);
+    Arm();
     return taken;
 }
 

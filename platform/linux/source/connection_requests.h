@@ -23,7 +23,9 @@ class ConnectionRequests final
 public:
     /// Of the process; null before the first service was published.
     static ConnectionRequests* Instance();
-    static void Start(Descriptor listeningSocket);
+
+    /// @returns false when there is no descriptor left
+    static bool Start(Descriptor listeningSocket);
 
     /// Requests for published services go before others, so that nobody is held up by clients that
     /// ask for what is not here.
@@ -65,7 +67,7 @@ private:
     void ReadRequest(Requests::iterator row);
     Requests::iterator Remove(Requests::iterator row);
     void CloseSilent();
-    void MakeRoom();
+    bool MakeRoom();
     Requests::iterator ChooseVictim();
     Requests::iterator ChooseNext();
     bool IsPublished(const Request& request) const;

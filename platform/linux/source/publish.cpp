@@ -27,13 +27,13 @@ using namespace platform;
 constexpr std::uint32_t ShortestPause = 10;
 constexpr std::uint32_t LongestPause = 100;
 
-/// Takes the entity's name on first use and keeps it for the life of the process.
-BoundName* TakeEntityName()
+/// Takes the entity's name on first use and keeps it until the process exits.
+const BoundName* TakeEntityName()
 {
-    static BoundName* name = nullptr;
-    if (name != nullptr)
+    static std::optional<BoundName> name;
+    if (name)
     {
-        return name;
+        return &*name;
     }
     const auto entity = EntityName();
     if (!entity)
@@ -48,10 +48,14 @@ BoundName* TakeEntityName()
     {
         return nullptr;
     }
+    if (!ConnectionRequests::Start(taken->TakeSocket()))
+    {
+        LogLine(TvoPlatformLogLevel::Error, "no descriptor left to wait for connections");
+        return nullptr;
+    }
     FixComponentTree();
-    name = new BoundName(std::move(*taken));
-    ConnectionRequests::Start(name->TakeSocket());
-    return name;
+    name.emplace(std::move(*taken));
+    return &*name;
 }
 
 std::set<std::string> ListLockFiles(int folder)

@@ -5,12 +5,10 @@
 
 namespace support {
 
-TerminalSession::TerminalSession() : TerminalSession(Options{}) {}
-
-TerminalSession::TerminalSession(const Options& options)
-    : m_display(Folder() / "wayland", options.screen)
+TerminalSession::TerminalSession(const std::string& language)
+    : m_display(Folder() / "wayland", QSize(1280, 800))
 {
-    StartApprover(options.language);
+    StartApprover(language);
 }
 
 TerminalSession::~TerminalSession() = default;
@@ -36,21 +34,19 @@ std::unique_ptr<Process> TerminalSession::Ask(const std::vector<std::string>& ar
     return StartCaller(Folder(), arguments, input);
 }
 
-std::map<std::string, std::string> TerminalSession::Environment() const
-{
-    return {{"TVO_RUNTIME_DIR", Folder()},
-            {"XDG_RUNTIME_DIR", Folder()},
-            {"WAYLAND_DISPLAY", Folder() / "wayland"},
-            {"QT_QPA_PLATFORM", "wayland"},
-            {"QT_QUICK_BACKEND", "software"},
-            {"FONTCONFIG_FILE", TVO_FONTCONFIG_FILE},
-            {"TZ", "UTC"}};
-}
-
 void TerminalSession::StartApprover(const std::string& language)
 {
-    Process::Command command{TVO_CERT_APPROVER, {}, Environment(), {}};
-    command.environment["TVO_LANGUAGE"] = language;
+    const Process::Command command{TVO_CERT_APPROVER,
+                                   {},
+                                   {{"TVO_RUNTIME_DIR", Folder()},
+                                    {"TVO_LANGUAGE", language},
+                                    {"XDG_RUNTIME_DIR", Folder()},
+                                    {"WAYLAND_DISPLAY", Folder() / "wayland"},
+                                    {"QT_QPA_PLATFORM", "wayland"},
+                                    {"QT_QUICK_BACKEND", "software"},
+                                    {"FONTCONFIG_FILE", TVO_FONTCONFIG_FILE},
+                                    {"TZ", "UTC"}},
+                                   {}};
     m_approver = std::make_unique<Process>(command);
     if (!m_approver->WaitForText("CertApprover is ready"))
     {

@@ -44,9 +44,7 @@ CertificateText Named(const std::string& commonName)
     return text;
 }
 
-ApprovalFixture::ApprovalFixture(const support::TerminalSession::Options& options)
-    : terminal(options)
-{}
+ApprovalFixture::ApprovalFixture(const std::string& language) : terminal(language) {}
 
 ApprovalFixture::Caller ApprovalFixture::Ask(const CertificateText& text,
                                              std::vector<std::string> arguments)

@@ -35,7 +35,7 @@ support::CertificateText Named(const std::string& commonName);
 class ApprovalFixture : public testing::Test
 {
 protected:
-    explicit ApprovalFixture(const support::TerminalSession::Options& options = {});
+    explicit ApprovalFixture(const std::string& language = "en-US");
 
     using Caller = std::unique_ptr<support::Process>;
 

@@ -26,7 +26,6 @@ public:
     struct Toplevel
     {
         std::string title;
-        std::string application;
         QSize size;
     };
 
@@ -52,7 +51,7 @@ public:
     /// Presses and releases a key of <linux/input-event-codes.h>, on a US keyboard.
     void PressKey(std::uint32_t key);
 
-    /// Moves the pointer there and presses and releases the left button.
+    /// Brings the pointer there, presses and releases the left button and takes the pointer away.
     void Click(QPoint point);
 
     void RequestClose();
@@ -66,9 +65,7 @@ public:
     /// What the first output shows, as RGB32.
     [[nodiscard]] QImage Screen() const;
 
-    [[nodiscard]] bool WaitForToplevel(const std::string& title);
     [[nodiscard]] bool WaitForNoToplevel();
-    [[nodiscard]] bool WaitForPixel(QPoint point, QRgb colour);
 
     /// Waits for a picture on the first output that the function accepts. It is called whenever
     /// something may have changed, in the waiting thread, and must not call the compositor.

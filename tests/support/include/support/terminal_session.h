@@ -1,11 +1,9 @@
 #pragma once
 
-#include <map>
 #include <memory>
 #include <string>
 #include <vector>
 
-#include <QSize>
 #include <QTemporaryDir>
 
 #include <support/compositor.h>
@@ -13,21 +11,14 @@
 
 namespace support {
 
-/// A running terminal in a folder of its own, mode 0700: a compositor and the approval application,
+/// A running terminal in a folder of its own, mode 0700: a compositor with
+/// a screen of 1280 x 800 and the approval application,
 /// ready to be asked. The destructor takes everything down again.
 class TerminalSession final
 {
 public:
-    struct Options
-    {
-        std::string language = "en-US";
-        QSize screen = {1280, 800};
-    };
-
-    TerminalSession();
-
     /// @throws std::runtime_error, with what it wrote, if the application does not become ready.
-    explicit TerminalSession(const Options& options);
+    explicit TerminalSession(const std::string& language = "en-US");
     ~TerminalSession();
 
     [[nodiscard]] Compositor& Display();
@@ -41,7 +32,6 @@ public:
                                                const std::string& input = {}) const;
 
 private:
-    [[nodiscard]] std::map<std::string, std::string> Environment() const;
     void StartApprover(const std::string& language);
 
     QTemporaryDir m_folder;

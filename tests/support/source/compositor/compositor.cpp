@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <array>
 #include <condition_variable>
 #include <mutex>
@@ -45,7 +44,12 @@ struct Compositor::Server final
     Server(const std::filesystem::path& socket, QSize mode)
         : outputs(display.get()),
           seat(display.get()),
-          surfaces(display.get(), [this] { StackChanged(); })
+          surfaces(display.get(),
+                   [this]
+                   {
+                       const auto& stack = surfaces.Stack();
+                       seat.SetFocus(stack.empty() ? nullptr : stack.back());
+                   })
     {
         wl_display_init_shm(display.get());
         outputs.Add(mode);
@@ -113,16 +117,6 @@ struct Compositor::Server final
         }
     }
 
-    void StackChanged()
-    {
-        const auto& stack = surfaces.Stack();
-        seat.SetFocus(stack.empty() ? nullptr : stack.back());
-        if (!stack.empty())
-        {
-            outputs.SendEnter(stack.back()->surface);
-        }
-    }
-
     std::unique_ptr<wl_display, decltype(&wl_display_destroy)> display{wl_display_create(),
                                                                        wl_display_destroy};
     int stop = eventfd(0, EFD_CLOEXEC);
@@ -184,7 +178,7 @@ std::vector<Compositor::Toplevel> Compositor::Toplevels() const
     const std::lock_guard lock(m_server->mutex);
     for (const auto& surface : m_server->surfaces.Stack())
     {
-        toplevels.push_back({surface->title, surface->application, surface->content.size()});
+        toplevels.push_back({surface->title, surface->content.size()});
     }
     return toplevels;
 }
@@ -201,25 +195,9 @@ QImage Compositor::Screen() const
     return m_server->surfaces.Compose(m_server->outputs.Mode(0), Background);
 }
 
-bool Compositor::WaitForToplevel(const std::string& title)
-{
-    const auto& stack = m_server->surfaces.Stack();
-    const auto isWanted = [&](const auto& surface)
-    {
-        return surface->title == title;
-    };
-    return m_server->WaitFor([&] { return std::any_of(stack.begin(), stack.end(), isWanted); });
-}
-
 bool Compositor::WaitForNoToplevel()
 {
     return m_server->WaitFor([this] { return m_server->surfaces.Stack().empty(); });
-}
-
-bool Compositor::WaitForPixel(QPoint point, QRgb colour)
-{
-    return WaitForScreen([&](const QImage& screen)
-                         { return screen.valid(point) && screen.pixel(point) == colour; });
 }
 
 bool Compositor::WaitForScreen(const std::function<bool(const QImage&)>& accepts)

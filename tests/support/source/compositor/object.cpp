@@ -50,35 +50,25 @@ void Destroyed(wl_resource* resource)
 
 }  // namespace
 
-wl_resource* MakeObject(wl_client* client,
-                        const wl_interface& interface,
-                        int version,
-                        std::uint32_t id,
+wl_resource* MakeObject(const NewObject& object,
                         Requests requests,
                         std::function<void(wl_resource*)> destroyed)
 {
-    wl_resource* resource = wl_resource_create(client, &interface, version, id);
+    wl_resource* resource =
+        wl_resource_create(object.client, &object.interface, object.version, object.id);
     if (resource == nullptr)
     {
         std::abort();  // out of memory
     }
-    wl_resource_set_dispatcher(resource,
-                               Dispatch,
-                               nullptr,
-                               new Object{std::move(requests), std::move(destroyed)},
-                               Destroyed);
+    auto* data = new Object{std::move(requests), std::move(destroyed)};
+    wl_resource_set_dispatcher(resource, Dispatch, nullptr, data, Destroyed);
     return resource;
 }
 
 Global::Global(wl_display* display, const wl_interface& interface, int version, Bind bind)
-    : m_bind(std::move(bind)),
-      m_global(wl_global_create(
-          display,
-          &interface,
-          version,
-          this,
-          [](wl_client* client, void* global, std::uint32_t boundVersion, std::uint32_t id)
-          { static_cast<Global*>(global)->m_bind(client, static_cast<int>(boundVersion), id); }))
+    : m_interface(interface),
+      m_bind(std::move(bind)),
+      m_global(wl_global_create(display, &interface, version, this, Bound))
 {}
 
 Global::~Global()
@@ -89,6 +79,12 @@ Global::~Global()
 void Global::Remove()
 {
     wl_global_remove(m_global);
+}
+
+void Global::Bound(wl_client* client, void* global, std::uint32_t version, std::uint32_t id)
+{
+    const auto* self = static_cast<Global*>(global);
+    self->m_bind({client, self->m_interface, static_cast<int>(version), id});
 }
 
 }  // namespace support::wayland

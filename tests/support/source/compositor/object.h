@@ -10,6 +10,15 @@
 
 namespace support::wayland {
 
+/// What a client wants to have made.
+struct NewObject
+{
+    wl_client* client;
+    const wl_interface& interface;
+    int version;
+    std::uint32_t id;
+};
+
 using Arguments = const wl_argument*;
 using Requests = std::map<std::string_view, std::function<void(Arguments)>>;
 
@@ -17,11 +26,8 @@ using Requests = std::map<std::string_view, std::function<void(Arguments)>>;
 /// destroy it, and what is not in the table is taken and ignored, but for a request that makes a
 /// new object: that one is a protocol error.
 /// @param destroyed  runs while the object goes, also at the end of its client; may be empty
-wl_resource* MakeObject(wl_client* client,
-                        const wl_interface& interface,
-                        int version,
-                        std::uint32_t id,
-                        Requests requests,
+wl_resource* MakeObject(const NewObject& object,
+                        Requests requests = {},
                         std::function<void(wl_resource*)> destroyed = {});
 
 /// The object that a request names at a place of its arguments.
@@ -34,7 +40,7 @@ inline wl_resource* ObjectAt(Arguments arguments, int place)
 class Global final
 {
 public:
-    using Bind = std::function<void(wl_client*, int version, std::uint32_t id)>;
+    using Bind = std::function<void(const NewObject&)>;
 
     Global(wl_display* display, const wl_interface& interface, int version, Bind bind);
     ~Global();
@@ -46,6 +52,9 @@ public:
     void Remove();
 
 private:
+    static void Bound(wl_client* client, void* global, std::uint32_t version, std::uint32_t id);
+
+    const wl_interface& m_interface;
     Bind m_bind;
     wl_global* m_global;
 };
@@ -54,8 +63,7 @@ private:
 inline std::uint32_t Milliseconds()
 {
     const auto now = std::chrono::steady_clock::now().time_since_epoch();
-    return static_cast<std::uint32_t>(
-        std::chrono::duration_cast<std::chrono::milliseconds>(now).count());
+    return static_cast<std::uint32_t>(now / std::chrono::milliseconds(1));
 }
 
 }  // namespace support::wayland

@@ -11,11 +11,11 @@ std::size_t Outputs::Add(QSize mode)
     auto output = std::make_unique<Output>();
     const int left = m_outputs.empty() ? 0 : m_outputs.back()->area.right() + 1;
     output->area = QRect(QPoint(left, 0), mode);
-    output->global = std::make_unique<Global>(m_display,
-                                              wl_output_interface,
-                                              2,
-                                              [output = output.get()](auto... binding)
-                                              { Bind(*output, binding...); });
+    const auto bind = [made = output.get()](const NewObject& object)
+    {
+        Bind(*made, object);
+    };
+    output->global = std::make_unique<Global>(m_display, wl_output_interface, 2, bind);
     m_outputs.push_back(std::move(output));
     return m_outputs.size() - 1;
 }
@@ -45,26 +45,13 @@ bool Outputs::IsKnown(std::size_t number) const
     return m_outputs.at(number)->resources.size() >= m_outputs.front()->resources.size();
 }
 
-void Outputs::SendEnter(wl_resource* surface) const
+void Outputs::Bind(Output& output, const NewObject& object)
 {
-    for (wl_resource* output : m_outputs.front()->resources)
+    const auto destroyed = [&output](wl_resource* gone)
     {
-        if (wl_resource_get_client(output) == wl_resource_get_client(surface))
-        {
-            wl_surface_send_enter(surface, output);
-        }
-    }
-}
-
-void Outputs::Bind(Output& output, wl_client* client, int version, std::uint32_t id)
-{
-    wl_resource* resource =
-        MakeObject(client,
-                   wl_output_interface,
-                   version,
-                   id,
-                   {},
-                   [&output](wl_resource* gone) { output.resources.erase(gone); });
+        output.resources.erase(gone);
+    };
+    wl_resource* resource = MakeObject(object, {}, destroyed);
     output.resources.insert(resource);
     SendState(output, resource);
 }

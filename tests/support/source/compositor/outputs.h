@@ -25,9 +25,6 @@ public:
     /// Whether every client that knows the first output knows this one too.
     [[nodiscard]] bool IsKnown(std::size_t number) const;
 
-    /// Tells a surface's client that it is shown on the first output.
-    void SendEnter(wl_resource* surface) const;
-
 private:
     struct Output
     {
@@ -36,7 +33,7 @@ private:
         std::unique_ptr<Global> global;
     };
 
-    static void Bind(Output& output, wl_client* client, int version, std::uint32_t id);
+    static void Bind(Output& output, const NewObject& object);
     static void SendState(const Output& output, wl_resource* resource);
 
     wl_display* m_display;

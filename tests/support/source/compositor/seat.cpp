@@ -49,7 +49,7 @@ void SendKeymap(wl_resource* keyboard, const std::string& keymap)
 Seat::Seat(wl_display* display)
     : m_display(display),
       m_keymap(MakeKeymap()),
-      m_global(display, wl_seat_interface, 5, [this](auto... binding) { Bind(binding...); })
+      m_global(display, wl_seat_interface, 5, [this](const NewObject& object) { Bind(object); })
 {}
 
 void Seat::SetFocus(const SurfacePointer& surface)
@@ -58,9 +58,17 @@ void Seat::SetFocus(const SurfacePointer& surface)
     {
         return;
     }
-    Leave();
+    for (wl_resource* keyboard : InFocus(m_keyboards))
+    {
+        wl_keyboard_send_leave(keyboard, NextSerial(), m_focus->surface);
+    }
     m_focus = surface;
-    EnterKeyboard();
+    for (wl_resource* keyboard : InFocus(m_keyboards))
+    {
+        wl_array keys{};
+        wl_keyboard_send_enter(keyboard, NextSerial(), m_focus->surface, &keys);
+        wl_keyboard_send_modifiers(keyboard, NextSerial(), 0, 0, 0, 0);
+    }
 }
 
 void Seat::PressKey(std::uint32_t key)
@@ -80,55 +88,45 @@ void Seat::Click(QPoint point)
     const wl_fixed_t y = wl_fixed_from_int(point.y());
     for (wl_resource* pointer : InFocus(m_pointers))
     {
-        if (!m_pointerInside)
-        {
-            wl_pointer_send_enter(pointer, NextSerial(), m_focus->surface, x, y);
-        }
-        wl_pointer_send_motion(pointer, Milliseconds(), x, y);
+        wl_pointer_send_enter(pointer, NextSerial(), m_focus->surface, x, y);
         wl_pointer_send_frame(pointer);
         for (const auto state : {WL_POINTER_BUTTON_STATE_PRESSED, WL_POINTER_BUTTON_STATE_RELEASED})
         {
             wl_pointer_send_button(pointer, NextSerial(), Milliseconds(), BTN_LEFT, state);
             wl_pointer_send_frame(pointer);
         }
+        wl_pointer_send_leave(pointer, NextSerial(), m_focus->surface);
+        wl_pointer_send_frame(pointer);
     }
-    m_pointerInside = true;
 }
 
-void Seat::Bind(wl_client* client, int version, std::uint32_t id)
+void Seat::Bind(const NewObject& object)
 {
-    const auto makePointer = [=, this](Arguments a)
+    const auto getPointer = [this, client = object.client, version = object.version](Arguments a)
     {
-        MakeDevice(m_pointers, client, wl_pointer_interface, version, a[0].n);
+        MakeDevice(m_pointers, {client, wl_pointer_interface, version, a[0].n});
     };
-    const auto makeKeyboard = [=, this](Arguments a)
+    const auto getKeyboard = [this, client = object.client, version = object.version](Arguments a)
     {
-        MakeKeyboard(client, version, a[0].n);
+        MakeKeyboard({client, wl_keyboard_interface, version, a[0].n});
     };
-    wl_resource* seat = MakeObject(client,
-                                   wl_seat_interface,
-                                   version,
-                                   id,
-                                   {{"get_pointer", makePointer}, {"get_keyboard", makeKeyboard}});
+    wl_resource* seat =
+        MakeObject(object, {{"get_pointer", getPointer}, {"get_keyboard", getKeyboard}});
     wl_seat_send_capabilities(seat, WL_SEAT_CAPABILITY_POINTER | WL_SEAT_CAPABILITY_KEYBOARD);
 }
 
-wl_resource* Seat::MakeDevice(Devices& devices,
-                              wl_client* client,
-                              const wl_interface& interface,
-                              int version,
-                              std::uint32_t id)
+wl_resource* Seat::MakeDevice(Devices& devices, const NewObject& object)
 {
     const auto destroyed = [&devices](wl_resource* gone)
     {
         devices.erase(gone);
     };
-    return *devices.insert(MakeObject(client, interface, version, id, {}, destroyed)).first;
+    return *devices.insert(MakeObject(object, {}, destroyed)).first;
 }
 
-void Seat::MakeKeyboard(wl_client* client, int version, std::uint32_t id)
+void Seat::MakeKeyboard(const NewObject& object)
 {
-    wl_resource* keyboard = MakeDevice(m_keyboards, client, wl_keyboard_interface, version, id);
+    wl_resource* keyboard = MakeDevice(m_keyboards, object);
     SendKeymap(keyboard, m_keymap);
     wl_keyboard_send_repeat_info(keyboard, 0, 0);
 }
@@ -150,33 +148,6 @@ std::vector<wl_resource*> Seat::InFocus(const Devices& devices) const
 std::uint32_t Seat::NextSerial() const
 {
     return wl_display_next_serial(m_display);
-}
-
-void Seat::EnterKeyboard()
-{
-    for (wl_resource* keyboard : InFocus(m_keyboards))
-    {
-        wl_array keys{};
-        wl_keyboard_send_enter(keyboard, NextSerial(), m_focus->surface, &keys);
-        wl_keyboard_send_modifiers(keyboard, NextSerial(), 0, 0, 0, 0);
-    }
-}
-
-void Seat::Leave()
-{
-    for (wl_resource* keyboard : InFocus(m_keyboards))
-    {
-        wl_keyboard_send_leave(keyboard, NextSerial(), m_focus->surface);
-    }
-    for (wl_resource* pointer : InFocus(m_pointers))
-    {
-        if (m_pointerInside)
-        {
-            wl_pointer_send_leave(pointer, NextSerial(), m_focus->surface);
-            wl_pointer_send_frame(pointer);
-        }
-    }
-    m_pointerInside = false;
 }
 
 }  // namespace support::wayland

@@ -43,8 +43,11 @@ Surfaces::Surfaces(wl_display* display, std::function<void()> stackChanged)
       m_compositor(display,
                    wl_compositor_interface,
                    4,
-                   [this](auto... binding) { BindCompositor(binding...); }),
-      m_shell(display, xdg_wm_base_interface, 1, [this](auto... binding) { BindShell(binding...); })
+                   [this](const NewObject& object) { BindCompositor(object); }),
+      m_shell(display,
+              xdg_wm_base_interface,
+              1,
+              [this](const NewObject& object) { BindShell(object); })
 {}
 
 const std::vector<SurfacePointer>& Surfaces::Stack() const
@@ -82,116 +85,89 @@ QImage Surfaces::Compose(QSize size, QRgb background) const
     return screen;
 }
 
-void Surfaces::BindCompositor(wl_client* client, int version, std::uint32_t id)
+void Surfaces::BindCompositor(const NewObject& object)
 {
-    MakeObject(client,
-               wl_compositor_interface,
-               version,
-               id,
-               {{"create_surface",
-                 [=, this](Arguments a)
-                 {
-                     MakeSurface(client, version, a[0].n);
-                 }},
-                {"create_region",
-                 [=](Arguments a)
-                 {
-                     MakeObject(client, wl_region_interface, 1, a[0].n, {});
-                 }}});
+    const auto createSurface = [this, client = object.client, version = object.version](Arguments a)
+    {
+        MakeSurface({client, wl_surface_interface, version, a[0].n});
+    };
+    const auto createRegion = [client = object.client](Arguments a)
+    {
+        MakeObject({client, wl_region_interface, 1, a[0].n});
+    };
+    MakeObject(object, {{"create_surface", createSurface}, {"create_region", createRegion}});
 }
 
-void Surfaces::BindShell(wl_client* client, int version, std::uint32_t id)
+void Surfaces::BindShell(const NewObject& object)
 {
-    auto shell = std::make_shared<wl_resource*>();
-    *shell = MakeObject(client,
-                        xdg_wm_base_interface,
-                        version,
-                        id,
-                        {{"get_xdg_surface",
-                          [=, this](Arguments a)
-                          {
-                              MakeShellSurface(*shell, a[0].n, ObjectAt(a, 1));
-                          }},
-                         {"pong",
-                          [this](Arguments a)
-                          {
-                              m_answered = a[0].u;
-                          }}});
+    const auto shell = std::make_shared<wl_resource*>();
+    const auto getSurface = [this, shell](Arguments a)
+    {
+        MakeShellSurface(*shell, a[0].n, ObjectAt(a, 1));
+    };
+    const auto pong = [this](Arguments a)
+    {
+        m_answered = a[0].u;
+    };
+    *shell = MakeObject(object, {{"get_xdg_surface", getSurface}, {"pong", pong}});
 }
 
-void Surfaces::MakeSurface(wl_client* client, int version, std::uint32_t id)
+void Surfaces::MakeSurface(const NewObject& object)
 {
-    auto surface = std::make_shared<Surface>();
+    const auto surface = std::make_shared<Surface>();
     const auto attach = [surface](Arguments a)
     {
         surface->pendingBuffer = ObjectAt(a, 0);
         surface->attached = true;
     };
-    const auto frame = [=](Arguments a)
+    const auto frame = [surface, client = object.client](Arguments a)
     {
-        surface->frames.push_back(MakeObject(client, wl_callback_interface, 1, a[0].n, {}));
+        surface->frames.push_back(MakeObject({client, wl_callback_interface, 1, a[0].n}));
     };
-    const auto destroyed = [=, this](wl_resource* resource)
+    const auto commit = [this, surface](Arguments /*none*/)
+    {
+        Commit(surface);
+    };
+    const auto destroyed = [this, surface](wl_resource* gone)
     {
         surface->surface = nullptr;
-        m_all.erase(resource);
+        m_all.erase(gone);
         Hide(surface);
     };
-    surface->surface = MakeObject(client,
-                                  wl_surface_interface,
-                                  version,
-                                  id,
-                                  {{"attach", attach},
-                                   {"frame", frame},
-                                   {"commit",
-                                    [=, this](Arguments /*none*/)
-                                    {
-                                        Commit(surface);
-                                    }}},
-                                  destroyed);
+    surface->surface =
+        MakeObject(object, {{"attach", attach}, {"frame", frame}, {"commit", commit}}, destroyed);
     m_all[surface->surface] = surface;
 }
 
 void Surfaces::MakeShellSurface(wl_resource* shell, std::uint32_t id, wl_resource* resource)
 {
-    const SurfacePointer surface = m_all.at(resource);
     wl_client* client = wl_resource_get_client(shell);
+    const SurfacePointer surface = m_all.at(resource);
+    const auto getToplevel = [=, this](Arguments a)
+    {
+        MakeToplevel({client, xdg_toplevel_interface, 1, a[0].n}, surface);
+    };
+    const auto destroyed = [surface](wl_resource* /*gone*/)
+    {
+        surface->shellSurface = nullptr;
+    };
     surface->shell = shell;
-    surface->shellSurface =
-        MakeObject(client,
-                   xdg_surface_interface,
-                   1,
-                   id,
-                   {{"get_toplevel",
-                     [=, this](Arguments a)
-                     {
-                         MakeToplevel(client, a[0].n, surface);
-                     }}},
-                   [surface](wl_resource* /*gone*/) { surface->shellSurface = nullptr; });
+    surface->shellSurface = MakeObject(
+        {client, xdg_surface_interface, 1, id}, {{"get_toplevel", getToplevel}}, destroyed);
 }
 
-void Surfaces::MakeToplevel(wl_client* client, std::uint32_t id, const SurfacePointer& surface)
+void Surfaces::MakeToplevel(const NewObject& object, const SurfacePointer& surface)
 {
-    const auto destroyed = [surface, this](wl_resource* /*gone*/)
+    const auto setTitle = [surface](Arguments a)
+    {
+        surface->title = a[0].s;
+    };
+    const auto destroyed = [this, surface](wl_resource* /*gone*/)
     {
         surface->toplevel = nullptr;
         Hide(surface);
     };
-    surface->toplevel = MakeObject(client,
-                                   xdg_toplevel_interface,
-                                   1,
-                                   id,
-                                   {{"set_title",
-                                     [surface](Arguments a)
-                                     {
-                                         surface->title = a[0].s;
-                                     }},
-                                    {"set_app_id",
-                                     [surface](Arguments a)
-                                     {
-                                         surface->application = a[0].s;
-                                     }}},
-                                   destroyed);
+    surface->toplevel = MakeObject(object, {{"set_title", setTitle}}, destroyed);
 }
 
 void Surfaces::Commit(const SurfacePointer& surface)

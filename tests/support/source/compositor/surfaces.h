@@ -25,7 +25,6 @@ struct Surface
     std::vector<wl_resource*> frames;
     QImage content;
     std::string title;
-    std::string application;
 };
 
 using SurfacePointer = std::shared_ptr<Surface>;
@@ -51,11 +50,11 @@ public:
     [[nodiscard]] QImage Compose(QSize size, QRgb background) const;
 
 private:
-    void BindCompositor(wl_client* client, int version, std::uint32_t id);
-    void BindShell(wl_client* client, int version, std::uint32_t id);
-    void MakeSurface(wl_client* client, int version, std::uint32_t id);
+    void BindCompositor(const NewObject& object);
+    void BindShell(const NewObject& object);
+    void MakeSurface(const NewObject& object);
     void MakeShellSurface(wl_resource* shell, std::uint32_t id, wl_resource* resource);
-    void MakeToplevel(wl_client* client, std::uint32_t id, const SurfacePointer& surface);
+    void MakeToplevel(const NewObject& object, const SurfacePointer& surface);
     void Commit(const SurfacePointer& surface);
     void Show(const SurfacePointer& surface);
     void Hide(const SurfacePointer& surface);
