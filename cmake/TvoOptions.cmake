@@ -2,14 +2,14 @@
 add_library(tvo_options INTERFACE)
 
 # Log lines and checks carry paths relative to the project's root. ccache hands the compiler paths
-# relative to the build folder.
+# relative to the build folder; this one ends with a slash.
 file(RELATIVE_PATH TVO_SOURCE_FROM_BUILD ${PROJECT_BINARY_DIR} ${PROJECT_SOURCE_DIR})
 
 target_compile_features(tvo_options INTERFACE cxx_std_20)
 target_compile_options(tvo_options INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion
     -fmacro-prefix-map=${PROJECT_SOURCE_DIR}/=
-    -fmacro-prefix-map=${TVO_SOURCE_FROM_BUILD}/=)
+    -fmacro-prefix-map=${TVO_SOURCE_FROM_BUILD}=)
 if(TVO_WARNINGS_AS_ERRORS)
     target_compile_options(tvo_options INTERFACE -Werror)
 endif()

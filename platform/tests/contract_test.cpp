@@ -181,15 +181,6 @@ TEST(Transport, ReplySendsAWholeHeaderWhateverTheSizeWord)
     EXPECT_NE(Reply(endpoint.transport, response), XoOk) << "answered already";
 }
 
-TEST(Transport, ReceiveTimesOutWithItsOwnCode)
-{
-    Endpoint endpoint("quiet");
-    WzTvoSetTransportTimeouts(&endpoint.transport, 30, WzInfinite);
-    Letter request;
-    EXPECT_GE(MillisecondsOf([&] { EXPECT_EQ(Receive(endpoint.transport, request), WzTimedOut); }),
-              29);
-}
-
 TEST(Transport, AbandonedCallsReplyIsNotTheNextCallsReply)
 {
     Endpoint endpoint("abandoned");
@@ -228,21 +219,6 @@ TEST(Transport, AbandonedCallsReplyIsNotTheNextCallsReply)
     EXPECT_EQ(peer.pid, static_cast<std::uint32_t>(::getpid()));
     EXPECT_EQ(Reply(endpoint.transport, received), XoOk);
     EXPECT_EQ(next.get(), XoOk);
-}
-
-TEST(Transport, RequestsOfACallerThatHasGoneAreDropped)
-{
-    Endpoint endpoint("gone");
-    {
-        Client dead("gone");
-        WzTvoSetTransportTimeouts(&dead.transport, 0, 0);
-        Letter request;
-        Letter response;
-        EXPECT_EQ(Call(dead.transport, request, response), WzTimedOut);
-    }
-    WzTvoSetTransportTimeouts(&endpoint.transport, 20, 0);
-    Letter received;
-    EXPECT_EQ(Receive(endpoint.transport, received), WzTimedOut);
 }
 
 TEST(Transport, ReplyToACallerThatHasGoneFails)
@@ -692,17 +668,6 @@ TEST_F(NoticeTest, WaitingEndTravelsInAMessage)
     EXPECT_EQ(XoHandleClose(setter), XoOk);
     EXPECT_EQ(NextBits(), XoEventClosed);
     EXPECT_EQ(XoHandleClose(received), XoOk);
-}
-
-TEST_F(NoticeTest, HandlesThatNobodyAskedForCostTheConnection)
-{
-    EchoServer server("unasked");
-    Client client("unasked");
-    Letter request;
-    request.SetHandles(1);
-    request.Slot(0).handle = waiter;
-    Letter response;
-    EXPECT_EQ(Call(client.transport, request, response), XoObjectGone);
 }
 
 }  // namespace

@@ -59,46 +59,6 @@ TEST_F(Processes, ServerIsFoundWhileItLivesAndItsNameIsFreeAfterwards)
     EXPECT_EQ(successor.Wait(), 0);
 }
 
-TEST_F(Processes, ServerKilledBeforeItsVerdictFailsTheConnect)
-{
-    Signal ready;
-    Child server(
-        [&]
-        {
-            PublishAs("vx.tests.Brief", "service");
-            ready.Give();
-            char client[XoCmNameSize];
-            char service[XoCmNameSize];
-            XoCmListen(nullptr, WzInfinite, client, service);
-            return ::raise(SIGKILL);
-        });
-    ready.Await();
-    std::uint32_t handle = 0;
-    std::uint32_t riid = 0;
-    EXPECT_EQ(XoCmConnect("vx.tests.Brief", "service", WzInfinite, &handle, &riid), XoObjectGone);
-}
-
-TEST_F(Processes, ServerKilledDuringACallFailsTheCallAndAllLaterOnes)
-{
-    Signal ready;
-    Child server(
-        [&]
-        {
-            Endpoint endpoint("killed-server");
-            ready.Give();
-            Letter request;
-            Receive(endpoint.transport, request);
-            return ::raise(SIGKILL);
-        });
-    ready.Await();
-    Client client("killed-server");
-    WzTvoSetTransportTimeouts(&client.transport, 0, WzInfinite);
-    Letter request;
-    Letter response;
-    EXPECT_EQ(Call(client.transport, request, response), XoObjectGone);
-    EXPECT_EQ(Call(client.transport, request, response), XoObjectGone);
-}
-
 TEST_F(Processes, ServerThatRepliesAndDiesIsHeard)
 {
     Signal ready;

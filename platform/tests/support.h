@@ -122,11 +122,6 @@ public:
         m_thread.join();
     }
 
-    std::uint32_t Handle() const
-    {
-        return m_handle;
-    }
-
 private:
     void Loop(std::size_t arenaRoom)
     {

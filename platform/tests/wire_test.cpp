@@ -14,6 +14,32 @@ struct Row
     std::size_t cut = 0;  ///< bytes taken off the end
 };
 
+/// Puts a value into a field of the frame.
+template <typename Field, typename Value>
+auto Set(Field Frame::*field, Value value)
+{
+    return [=](RawPacket& packet)
+    {
+        packet.frame.*field = static_cast<Field>(value);
+    };
+}
+
+auto Sized(std::size_t messageBytes)
+{
+    return [=](RawPacket& packet)
+    {
+        packet = RawPacket(FrameKind::Request, messageBytes);
+    };
+}
+
+auto SizeWord(std::uint32_t word)
+{
+    return [=](RawPacket& packet)
+    {
+        packet.SetSizeWord(word);
+    };
+}
+
 const char* Check(const Row& row, FrameKind kind)
 {
     RawPacket packet(kind);
@@ -34,16 +60,8 @@ TEST(Frame, SoundPacketsPass)
         {"plain",
          [](RawPacket&) {
          }},
-        {"largest message",
-         [](RawPacket& packet)
-         {
-             packet = RawPacket(FrameKind::Request, 4096);
-         }},
-        {"smallest message",
-         [](RawPacket& packet)
-         {
-             packet = RawPacket(FrameKind::Request, 24);
-         }},
+        {"largest message", Sized(4096)},
+        {"smallest message", Sized(24)},
         {"largest arena in the packet",
          [](RawPacket& packet)
          {
@@ -71,11 +89,7 @@ TEST(Frame, SoundPacketsPass)
     {
         EXPECT_EQ(Check(row, FrameKind::Request), nullptr) << row.what;
     }
-    const Row oddSizeWord{"size word",
-                          [](RawPacket& packet)
-                          {
-                              packet.SetSizeWord(5);
-                          }};
+    const Row oddSizeWord{"size word", SizeWord(5)};
     EXPECT_EQ(Check(oddSizeWord, FrameKind::Reply), nullptr) << "a stale response is a response";
 }
 
@@ -104,60 +118,20 @@ TEST(Frame, BrokenPacketsAreRefused)
         {"no message", [](RawPacket&) {}, 0, 80},
         {"one byte short", [](RawPacket&) {}, 0, 1},
         {"one byte too many",
-         [](RawPacket& packet)
+         [](auto& packet)
          {
              packet.arena = "x";
          }},
-        {"magic",
-         [](RawPacket& packet)
-         {
-             packet.frame.magic ^= 1;
-         }},
-        {"next version",
-         [](RawPacket& packet)
-         {
-             packet.frame.magic += 1U << 24;
-         }},
-        {"kind",
-         [](RawPacket& packet)
-         {
-             packet.frame.kind = FrameKind::Reply;
-         }},
-        {"unknown kind",
-         [](RawPacket& packet)
-         {
-             packet.frame.kind = FrameKind{0xFF};
-         }},
-        {"flags",
-         [](RawPacket& packet)
-         {
-             packet.frame.flags = 2;
-         }},
-        {"message below a header",
-         [](RawPacket& packet)
-         {
-             packet = RawPacket(FrameKind::Request, 23);
-         }},
-        {"message too large",
-         [](RawPacket& packet)
-         {
-             packet = RawPacket(FrameKind::Request, 4097);
-         }},
-        {"huge message size",
-         [](RawPacket& packet)
-         {
-             packet.frame.messageBytes = 0xFFFFFFFF;
-         }},
-        {"size word above",
-         [](RawPacket& packet)
-         {
-             packet.SetSizeWord(81);
-         }},
-        {"size word zero",
-         [](RawPacket& packet)
-         {
-             packet.SetSizeWord(0);
-         }},
+        {"magic", Set(&Frame::magic, FrameMagic ^ 1)},
+        {"next version", Set(&Frame::magic, FrameMagic + (1U << 24))},
+        {"kind", Set(&Frame::kind, FrameKind::Reply)},
+        {"unknown kind", Set(&Frame::kind, FrameKind{0xFF})},
+        {"flags", Set(&Frame::flags, 2)},
+        {"message below a header", Sized(23)},
+        {"message too large", Sized(4097)},
+        {"huge message size", Set(&Frame::messageBytes, 0xFFFFFFFF)},
+        {"size word above", SizeWord(81)},
+        {"size word zero", SizeWord(0)},
         {"arena announced and not sent", setArena(10, 0, 0)},
         {"arena too large for the packet", setArena(65537, 65537, 0)},
         {"sizes that wrap round", setArena(0xFFFFFFFF, 0, 0)},

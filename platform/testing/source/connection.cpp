@@ -118,11 +118,10 @@ int XoCmConnect(const char* server,
         const bool own = !world.published.empty() && world.entity == server;
         return own ? ConnectSelf(world, lock, service, timeoutMs, handle, riid) : XoObjectGone;
     };
-    return Run(
-        Call::CmConnect, &Overrides::cmConnect, body, server, service, timeoutMs, handle, riid);
+    return Run(Call::CmConnect, body, server, service, timeoutMs);
 }
 
-int XoCmListen(const char* filter, std::uint32_t timeoutMs, char* client, char* service)
+int XoCmListen(const char* /*filter*/, std::uint32_t timeoutMs, char* client, char* service)
 {
     const auto body = [=](World& world, Lock& lock)
     {
@@ -144,7 +143,7 @@ int XoCmListen(const char* filter, std::uint32_t timeoutMs, char* client, char* 
         CopyName(next->service, service);
         return XoOk;
     };
-    return Run(Call::CmListen, &Overrides::cmListen, body, filter, timeoutMs, client, service);
+    return Run(Call::CmListen, body, timeoutMs);
 }
 
 int XoCmAccept(const char* client,
@@ -153,8 +152,12 @@ int XoCmAccept(const char* client,
                std::uint32_t listener,
                std::uint32_t* handle)
 {
-    const auto body = [=](World& world, Lock&)
+    const auto body = [=](World& world, Lock& lock)
     {
+        if (const auto replacement = world.overrides.cmAccept)
+        {
+            return RunOverride(lock, replacement, client, service, riid, listener, handle);
+        }
         const auto request = FindReported(world, client, service);
         if (request == nullptr)
         {
@@ -179,7 +182,7 @@ int XoCmAccept(const char* client,
         Decide(world, request, XoOk);
         return XoOk;
     };
-    return Run(Call::CmAccept, &Overrides::cmAccept, body, client, service, riid, listener, handle);
+    return Run(Call::CmAccept, body, client, service, riid, listener);
 }
 
 int XoCmDrop(const char* client, const char* service)
@@ -194,7 +197,7 @@ int XoCmDrop(const char* client, const char* service)
         Decide(world, request, XoRefused);
         return XoOk;
     };
-    return Run(Call::CmDrop, &Overrides::cmDrop, body, client, service);
+    return Run(Call::CmDrop, body, client, service);
 }
 
 int XoHandleClose(std::uint32_t handle)
@@ -203,11 +206,11 @@ int XoHandleClose(std::uint32_t handle)
     {
         return world.Close(handle);
     };
-    return Run(Call::HandleClose, &Overrides::handleClose, body, handle);
+    return Run(Call::HandleClose, body, handle);
 }
 
 void XoSleep(std::uint32_t milliseconds)
 {
     Run(
-        Call::Sleep, &Overrides::sleep, [](World&, Lock&) {}, milliseconds);
+        Call::Sleep, [](World&, Lock&) { return XoOk; }, milliseconds);
 }

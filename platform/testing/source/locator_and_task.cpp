@@ -63,11 +63,6 @@ std::atomic<TvoPlatformLogFunction> g_log{&LogToStandardError};
 
 }  // namespace
 
-void PlatformDouble::Log(TvoPlatformLogLevel level, const std::string& text) const
-{
-    g_log.load()(level, text.c_str());
-}
-
 }  // namespace platform::testing
 
 using namespace platform::testing;
@@ -78,16 +73,14 @@ void TvoPlatformSetLog(TvoPlatformLogFunction function)
 }
 
 std::uint32_t ServiceLocatorRegister(const char* connectionId,
-                                     const void* options,
-                                     std::uint32_t optionsSize,
+                                     const void* /*options*/,
+                                     std::uint32_t /*optionsSize*/,
                                      std::uint64_t* identifier)
 {
     const auto body = [=](World& world, Lock&) -> std::uint32_t
     {
         *identifier = 0;
-        const bool held = world.remoteConnections.contains(connectionId) ||
-                          FindRegistered(world, connectionId) != nullptr;
-        if (held || *connectionId == '\0')
+        if (*connectionId == '\0' || FindRegistered(world, connectionId) != nullptr)
         {
             return XoInvalidHandle;
         }
@@ -96,13 +89,7 @@ std::uint32_t ServiceLocatorRegister(const char* connectionId,
         world.registered[*identifier] = {connectionId, handle};
         return handle;
     };
-    return Run(Call::LocatorRegister,
-               &Overrides::locatorRegister,
-               body,
-               connectionId,
-               options,
-               optionsSize,
-               identifier);
+    return Run(Call::LocatorRegister, body, connectionId);
 }
 
 void ServiceLocatorUnregister(std::uint64_t identifier)
@@ -110,37 +97,27 @@ void ServiceLocatorUnregister(std::uint64_t identifier)
     const auto body = [=](World& world, Lock&)
     {
         const auto node = world.registered.extract(identifier);
-        if (!node.empty())
-        {
-            world.Close(node.mapped().handle);
-        }
+        return node.empty() ? XoObjectGone : world.Close(node.mapped().handle);
     };
-    Run(Call::LocatorUnregister, &Overrides::locatorUnregister, body, identifier);
+    Run(Call::LocatorUnregister, body, identifier);
 }
 
 std::uint32_t ServiceLocatorConnect(const char* connectionId)
 {
     const auto body = [=](World& world, Lock&) -> std::uint32_t
     {
-        auto connection = world.MakeConnection(connectionId);
-        if (const auto remote = world.remoteConnections.find(connectionId);
-            remote != world.remoteConnections.end())
-        {
-            connection->endpointNumbers = remote->second.first;
-            connection->handler = remote->second.second;
-            return world.Add(connection);
-        }
         const RegisteredEndpoint* own = FindRegistered(world, connectionId);
         if (own == nullptr)
         {
             return XoInvalidHandle;
         }
-        connection->endpointNumbers = world.endpointNumbers;
+        auto connection = world.MakeConnection(connectionId);
+        connection->locator = true;
         connection->endpoint = *world.Find<std::shared_ptr<Endpoint>>(own->handle);
         connection->endpoint->connections.emplace(connection->id, connection);
         return world.Add(connection);
     };
-    return Run(Call::LocatorConnect, &Overrides::locatorConnect, body, connectionId);
+    return Run(Call::LocatorConnect, body, connectionId);
 }
 
 std::uint16_t ServiceLocatorGetRiid(std::uint32_t connection, const char* endpoint)
@@ -148,14 +125,14 @@ std::uint16_t ServiceLocatorGetRiid(std::uint32_t connection, const char* endpoi
     const auto body = [=](World& world, Lock&) -> std::uint16_t
     {
         const auto* found = world.Find<std::shared_ptr<Connection>>(connection);
-        if (found == nullptr)
+        if (found == nullptr || !(*found)->locator)
         {
             return platform::InvalidRiid;
         }
-        const auto number = (*found)->endpointNumbers.find(endpoint);
-        return number == (*found)->endpointNumbers.end() ? platform::InvalidRiid : number->second;
+        const auto number = world.endpointNumbers.find(endpoint);
+        return number == world.endpointNumbers.end() ? platform::InvalidRiid : number->second;
     };
-    return Run(Call::LocatorGetRiid, &Overrides::locatorGetRiid, body, connection, endpoint);
+    return Run(Call::LocatorGetRiid, body, connection, endpoint);
 }
 
 std::uint32_t TvoTaskGetSelf()
@@ -175,26 +152,20 @@ int TvoTaskSetComponentTree(std::uint32_t self, const TvoComponentTree* tree)
         world.endpointNumbers = NumbersOf(*tree);
         return XoOk;
     };
-    return Run(Call::TaskSetComponentTree, &Overrides::taskSetComponentTree, body, self, tree);
+    return Run(Call::TaskSetComponentTree, body, self);
 }
 
 int TvoTaskConnectToService(std::uint32_t client, std::uint32_t server, const char* connectionId)
 {
-    const auto body = [=](World& world, Lock&)
+    const auto body = [=](World&, Lock&)
     {
         if (client != SelfHandle || server != SelfHandle || *connectionId == '\0')
         {
             return XoInvalidArgument;
         }
-        world.ownConnections.emplace_back(connectionId);
         return XoOk;
     };
-    return Run(Call::TaskConnectToService,
-               &Overrides::taskConnectToService,
-               body,
-               client,
-               server,
-               connectionId);
+    return Run(Call::TaskConnectToService, body, client, server, connectionId);
 }
 
 void TvoTaskRestoreDescriptorLimit()
@@ -211,7 +182,7 @@ int TvoRandomGenerate(std::size_t size, void* buffer)
         std::generate_n(bytes, size, [&] { return static_cast<unsigned char>(source()); });
         return XoOk;
     };
-    return Run(Call::RandomGenerate, &Overrides::randomGenerate, body, size, buffer);
+    return Run(Call::RandomGenerate, body, size);
 }
 
 namespace shared::ipc_utils {
@@ -227,7 +198,7 @@ bool TryPublishService(const char* interfaceName, const char* serviceName)
         world.published.emplace_back(interfaceName, serviceName);
         return true;
     };
-    return Run(Call::PublishService, &Overrides::publishService, body, interfaceName, serviceName);
+    return Run(Call::PublishService, body, interfaceName, serviceName);
 }
 
 std::optional<std::pair<NameBuffer, NameBuffer>> FindConnectionTargetForType(
@@ -261,7 +232,7 @@ std::optional<std::pair<NameBuffer, NameBuffer>> FindConnectionTargetForType(
         world.Wait(lock, Call::FindTarget, timeoutMs, look);
         return target;
     };
-    return Run(Call::FindTarget, &Overrides::findTarget, body, interfaceName, timeoutMs);
+    return Run(Call::FindTarget, body, interfaceName, timeoutMs);
 }
 
 }  // namespace shared::ipc_utils

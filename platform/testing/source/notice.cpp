@@ -72,7 +72,7 @@ int XoEventCreate(std::uint32_t* setter, std::uint32_t* waiter)
         *waiter = world.Add(EventEnd{event, false});
         return XoOk;
     };
-    return Run(Call::EventCreate, &Overrides::eventCreate, body, setter, waiter);
+    return Run(Call::EventCreate, body);
 }
 
 int XoNoticeCreate(SNotice** notice)
@@ -83,7 +83,7 @@ int XoNoticeCreate(SNotice** notice)
         world.notices.insert(*notice);
         return XoOk;
     };
-    return Run(Call::NoticeCreate, &Overrides::noticeCreate, body, notice);
+    return Run(Call::NoticeCreate, body);
 }
 
 int XoNoticeSubscribeToObject(SNotice* notice,
@@ -106,13 +106,7 @@ int XoNoticeSubscribeToObject(SNotice* notice,
         world.changed.notify_all();
         return XoOk;
     };
-    return Run(Call::NoticeSubscribeToObject,
-               &Overrides::noticeSubscribeToObject,
-               body,
-               notice,
-               handle,
-               mask,
-               id);
+    return Run(Call::NoticeSubscribeToObject, body, handle, mask, id);
 }
 
 int XoNoticeGetEvent(SNotice* notice,
@@ -140,14 +134,7 @@ int XoNoticeGetEvent(SNotice* notice,
         *received = TakeEvents(*notice, count, events);
         return XoOk;
     };
-    return Run(Call::NoticeGetEvent,
-               &Overrides::noticeGetEvent,
-               body,
-               notice,
-               timeoutMs,
-               count,
-               events,
-               received);
+    return Run(Call::NoticeGetEvent, body);
 }
 
 int XoNoticeUnsubscribeFromObject(SNotice* notice, std::uint32_t handle)
@@ -156,11 +143,7 @@ int XoNoticeUnsubscribeFromObject(SNotice* notice, std::uint32_t handle)
     {
         return Unsubscribe(notice, [&](const auto& row) { return row.handle == handle; });
     };
-    return Run(Call::NoticeUnsubscribeFromObject,
-               &Overrides::noticeUnsubscribeFromObject,
-               body,
-               notice,
-               handle);
+    return Run(Call::NoticeUnsubscribeFromObject, body, handle);
 }
 
 int XoNoticeUnsubscribeFromEvent(SNotice* notice, unsigned long id)
@@ -169,8 +152,7 @@ int XoNoticeUnsubscribeFromEvent(SNotice* notice, unsigned long id)
     {
         return Unsubscribe(notice, [&](const auto& row) { return row.id == id; });
     };
-    return Run(
-        Call::NoticeUnsubscribeFromEvent, &Overrides::noticeUnsubscribeFromEvent, body, notice, id);
+    return Run(Call::NoticeUnsubscribeFromEvent, body, id);
 }
 
 int XoNoticeDropAndWake(SNotice* notice)
@@ -181,7 +163,7 @@ int XoNoticeDropAndWake(SNotice* notice)
         world.changed.notify_all();
         return XoOk;
     };
-    return Run(Call::NoticeDropAndWake, &Overrides::noticeDropAndWake, body, notice);
+    return Run(Call::NoticeDropAndWake, body);
 }
 
 int XoNoticeRelease(SNotice* notice)
@@ -192,7 +174,7 @@ int XoNoticeRelease(SNotice* notice)
         delete notice;
         return XoOk;
     };
-    return Run(Call::NoticeRelease, &Overrides::noticeRelease, body, notice);
+    return Run(Call::NoticeRelease, body);
 }
 
 int XoNoticeSetObjectEvent(std::uint32_t handle, std::uint32_t mask)
@@ -212,5 +194,5 @@ int XoNoticeSetObjectEvent(std::uint32_t handle, std::uint32_t mask)
         world.changed.notify_all();
         return XoOk;
     };
-    return Run(Call::NoticeSetObjectEvent, &Overrides::noticeSetObjectEvent, body, handle, mask);
+    return Run(Call::NoticeSetObjectEvent, body, handle, mask);
 }

@@ -8,39 +8,6 @@
 namespace platform::testing {
 namespace {
 
-constexpr std::array<const char*, CallCount> Names{
-    "XoCmConnect",
-    "XoCmListen",
-    "XoCmAccept",
-    "XoCmDrop",
-    "XoHandleClose",
-    "XoSleep",
-    "call",
-    "receive",
-    "reply",
-    "WzTvoTransportDetach",
-    "WzTvoTransportGetPeer",
-    "WzTvoTicketReply",
-    "XoEventCreate",
-    "XoNoticeCreate",
-    "XoNoticeSubscribeToObject",
-    "XoNoticeGetEvent",
-    "XoNoticeUnsubscribeFromObject",
-    "XoNoticeUnsubscribeFromEvent",
-    "XoNoticeDropAndWake",
-    "XoNoticeRelease",
-    "XoNoticeSetObjectEvent",
-    "ServiceLocatorRegister",
-    "ServiceLocatorUnregister",
-    "ServiceLocatorConnect",
-    "ServiceLocatorGetRiid",
-    "TvoTaskSetComponentTree",
-    "TvoTaskConnectToService",
-    "TvoRandomGenerate",
-    "TryPublishService",
-    "FindConnectionTargetForType",
-};
-
 template <typename Condition>
 bool WaitFromOutside(std::chrono::milliseconds limit, Condition condition)
 {
@@ -50,11 +17,6 @@ bool WaitFromOutside(std::chrono::milliseconds limit, Condition condition)
 }
 
 }  // namespace
-
-const char* NameOf(Call call)
-{
-    return Names[static_cast<std::size_t>(call)];
-}
 
 PendingClient::PendingClient(std::shared_ptr<PendingRequest> request)
     : m_request(std::move(request))
@@ -70,26 +32,6 @@ std::optional<int> PendingClient::WaitForVerdict(std::chrono::milliseconds limit
                         return verdict.has_value();
                     });
     return verdict;
-}
-
-std::uint32_t PendingClient::Handle() const
-{
-    const Lock lock(World::Instance().mutex);
-    return m_request->handle;
-}
-
-std::uint32_t PendingClient::Riid() const
-{
-    const Lock lock(World::Instance().mutex);
-    return m_request->riid;
-}
-
-void PendingClient::HangUp() const
-{
-    World& world = World::Instance();
-    const Lock lock(world.mutex);
-    m_request->gone = true;
-    world.changed.notify_all();
 }
 
 PlatformDouble::PlatformDouble()
@@ -138,14 +80,6 @@ void PlatformDouble::Release(Call call)
     world.changed.notify_all();
 }
 
-void PlatformDouble::ExpireWaits(Call call)
-{
-    World& world = World::Instance();
-    const Lock lock(world.mutex);
-    ++world.Of(call).expiry;
-    world.changed.notify_all();
-}
-
 Overrides& PlatformDouble::Override()
 {
     return World::Instance().overrides;
@@ -172,16 +106,11 @@ bool PlatformDouble::WaitUntilWaiting(Call call,
     return WaitFromOutside(limit, [&](World& world) { return world.Of(call).waiting >= threads; });
 }
 
-std::vector<Record> PlatformDouble::Journal() const
+std::vector<Record> PlatformDouble::Journal(Call call) const
 {
     World& world = World::Instance();
     const Lock lock(world.mutex);
-    return {world.journal.begin(), world.journal.end()};
-}
-
-std::vector<Record> PlatformDouble::Journal(Call call) const
-{
-    std::vector<Record> records = Journal();
+    std::vector<Record> records = world.journal;
     std::erase_if(records, [&](const Record& record) { return record.call != call; });
     return records;
 }
@@ -201,26 +130,15 @@ void PlatformDouble::Serve(RemoteService service, ServiceHandler handler)
     world.changed.notify_all();
 }
 
-void PlatformDouble::ServeConnection(std::string connectionId,
-                                     std::map<std::string, std::uint16_t> endpoints,
-                                     ServiceHandler handler)
+void PlatformDouble::Withdraw(const std::string& server)
 {
     World& world = World::Instance();
     const Lock lock(world.mutex);
-    world.remoteConnections[std::move(connectionId)] = {std::move(endpoints), std::move(handler)};
-}
-
-void PlatformDouble::Withdraw(const std::string& serverOrConnection)
-{
-    World& world = World::Instance();
-    const Lock lock(world.mutex);
-    std::erase_if(world.remotes,
-                  [&](const auto& row) { return row.first.server == serverOrConnection; });
-    world.remoteConnections.erase(serverOrConnection);
+    std::erase_if(world.remotes, [&](const auto& row) { return row.first.server == server; });
     for (const auto& [handle, object] : world.objects)
     {
         const auto* connection = std::get_if<std::shared_ptr<Connection>>(&object);
-        if (connection != nullptr && (*connection)->partner == serverOrConnection)
+        if (connection != nullptr && (*connection)->partner == server)
         {
             world.HangUp(**connection);
         }
@@ -240,14 +158,6 @@ PendingClient PlatformDouble::RequestConnection(std::string client, std::string 
     return PendingClient(std::move(request));
 }
 
-void PlatformDouble::SetPeer(std::uint32_t pid, std::uint32_t uid)
-{
-    World& world = World::Instance();
-    const Lock lock(world.mutex);
-    world.peerPid = pid;
-    world.peerUid = uid;
-}
-
 std::vector<std::pair<std::string, std::string>> PlatformDouble::Published() const
 {
     World& world = World::Instance();
@@ -260,13 +170,6 @@ std::string PlatformDouble::Entity() const
     World& world = World::Instance();
     const Lock lock(world.mutex);
     return world.entity;
-}
-
-std::vector<std::string> PlatformDouble::OwnConnections() const
-{
-    World& world = World::Instance();
-    const Lock lock(world.mutex);
-    return world.ownConnections;
 }
 
 }  // namespace platform::testing

@@ -7,11 +7,6 @@ std::optional<int> TakeScript(CallState& state)
     while (!state.scripts.empty())
     {
         Script& script = state.scripts.front();
-        if (script.skip > 0)
-        {
-            --script.skip;
-            return std::nullopt;
-        }
         if (script.times == 0)
         {
             state.scripts.pop_front();
@@ -29,23 +24,8 @@ std::optional<int> TakeScript(CallState& state)
 bool PassBlock(World& world, Lock& lock, Call call)
 {
     const CallState& state = world.Of(call);
-    if (!state.blocked)
-    {
-        return true;
-    }
-    // A block has no time limit of its own, and `ExpireWaits` does not lift it.
-    for (;;)
-    {
-        switch (world.Wait(lock, call, WzInfinite, [&] { return !state.blocked; }))
-        {
-            case Wake::Ready:
-                return true;
-            case Wake::Abandoned:
-                return false;
-            case Wake::Expired:
-                break;
-        }
-    }
+    return !state.blocked ||
+           world.Wait(lock, call, WzInfinite, [&] { return !state.blocked; }) == Wake::Ready;
 }
 
 }  // namespace platform::testing

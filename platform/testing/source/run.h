@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <string>
 #include <type_traits>
@@ -69,13 +68,12 @@ std::optional<int> TakeScript(CallState& state);
 /// @returns false when the double was reset meanwhile
 bool PassBlock(World& world, Lock& lock, Call call);
 
-/// Plays one run of a call: block, script, override, otherwise `body(world, lock)`.
-template <typename Result, typename... Arguments, typename Body>
-Result Run(Call call,
-           std::function<Result(Arguments...)> Overrides::*member,
-           Body body,
-           std::type_identity_t<Arguments>... arguments)
+/// Plays one run of a call: block, script, otherwise `body(world, lock)`.
+/// @param arguments  for the journal
+template <typename Body, typename... Arguments>
+auto Run(Call call, Body body, const Arguments&... arguments)
 {
+    using Result = std::invoke_result_t<Body, World&, Lock&>;
     World& world = World::Instance();
     Lock lock(world.mutex);
     std::string line;
@@ -83,43 +81,21 @@ Result Run(Call call,
     CallState& state = world.Of(call);
     ++state.count;
     world.changed.notify_all();
-    std::optional<int> script = PassBlock(world, lock, call) ? TakeScript(state) : XoObjectGone;
-    const std::function<Result(Arguments...)> replacement = world.overrides.*member;
+    const std::optional<int> script =
+        PassBlock(world, lock, call) ? TakeScript(state) : XoObjectGone;
+    const Result result = script ? ScriptedResult<Result>(*script) : body(world, lock);
+    world.journal.push_back({call, std::move(line), ResultNumber(result)});
+    return result;
+}
 
-    if constexpr (std::is_void_v<Result>)
-    {
-        if (!script && replacement)
-        {
-            lock.unlock();
-            replacement(arguments...);
-            lock.lock();
-        }
-        else if (!script)
-        {
-            body(world, lock);
-        }
-        world.Note(call, std::move(line), 0);
-    }
-    else
-    {
-        Result result{};
-        if (script)
-        {
-            result = ScriptedResult<Result>(*script);
-        }
-        else if (replacement)
-        {
-            lock.unlock();
-            result = replacement(arguments...);
-            lock.lock();
-        }
-        else
-        {
-            result = body(world, lock);
-        }
-        world.Note(call, std::move(line), ResultNumber(result));
-        return result;
-    }
+/// Runs the test's own function, without the lock.
+template <typename Function, typename... Arguments>
+int RunOverride(Lock& lock, Function function, Arguments... arguments)
+{
+    lock.unlock();
+    const int result = function(arguments...);
+    lock.lock();
+    return result;
 }
 
 }  // namespace platform::testing

@@ -2,12 +2,9 @@
 
 #include <utility>
 
-#include <unistd.h>
-
 namespace platform::testing {
 namespace {
 
-constexpr std::size_t JournalLength = 10'000;
 constexpr std::uint32_t FirstHandle = 0x00010001U;
 
 }  // namespace
@@ -53,14 +50,10 @@ void World::Reset()
     nextHandle = FirstHandle;
     pending.clear();
     remotes.clear();
-    remoteConnections.clear();
     registered.clear();
     entity.clear();
     endpointNumbers.clear();
     published.clear();
-    ownConnections.clear();
-    peerPid = static_cast<std::uint32_t>(::getpid());
-    peerUid = ::getuid();
     changed.notify_all();
 }
 
@@ -114,8 +107,6 @@ std::shared_ptr<Connection> World::MakeConnection(std::string partner)
     auto connection = std::make_shared<Connection>();
     connection->id = ++nextConnection;
     connection->partner = std::move(partner);
-    connection->pid = peerPid;
-    connection->uid = peerUid;
     return connection;
 }
 
@@ -156,15 +147,6 @@ void World::CloseEndpoint(Endpoint& endpoint)
                       return found == nullptr || found->get() == &endpoint;
                   });
     changed.notify_all();
-}
-
-void World::Note(Call call, std::string arguments, std::int64_t result)
-{
-    journal.push_back({call, std::move(arguments), result});
-    if (journal.size() > JournalLength)
-    {
-        journal.pop_front();
-    }
 }
 
 }  // namespace platform::testing

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include <platform/testing/platform_double.h>
+#include <xo/notice.h>
 
 /// One subscription of a notice to an event object.
 struct SNotice
@@ -56,10 +57,8 @@ struct Connection
     std::uint64_t id = 0;
     std::shared_ptr<Endpoint> endpoint;  ///< null when `handler` answers
     ServiceHandler handler;
-    std::string partner;  ///< server or static name, for `Withdraw`
-    std::map<std::string, std::uint16_t> endpointNumbers;
-    std::uint32_t pid = 0;
-    std::uint32_t uid = 0;
+    std::string partner;   ///< server, for `Withdraw`
+    bool locator = false;  ///< made by `ServiceLocatorConnect`
     bool closed = false;
     bool busy = false;  ///< a thread is in a call
     std::uint64_t sent = 0;
@@ -108,7 +107,6 @@ struct CallState
 {
     unsigned count = 0;
     unsigned waiting = 0;
-    unsigned expiry = 0;
     bool blocked = false;
     std::deque<Script> scripts;
 };
@@ -138,10 +136,9 @@ public:
     {
         CallState& state = Of(call);
         const unsigned startEpoch = epoch;
-        const unsigned startExpiry = state.expiry;
         const auto done = [&]
         {
-            return epoch != startEpoch || state.expiry != startExpiry || ready();
+            return epoch != startEpoch || ready();
         };
         ++state.waiting;
         changed.notify_all();
@@ -175,14 +172,12 @@ public:
     void Leave(Connection& connection);
     void CloseEndpoint(Endpoint& endpoint);
 
-    void Note(Call call, std::string arguments, std::int64_t result);
-
     std::mutex mutex;
     std::condition_variable changed;
     unsigned epoch = 0;
     std::array<CallState, CallCount> calls;
     Overrides overrides;
-    std::deque<Record> journal;
+    std::vector<Record> journal;
 
     std::map<std::uint32_t, Object> objects;
     std::uint32_t nextHandle = 0;
@@ -192,15 +187,10 @@ public:
 
     std::deque<std::shared_ptr<PendingRequest>> pending;
     std::vector<std::pair<RemoteService, ServiceHandler>> remotes;
-    std::map<std::string, std::pair<std::map<std::string, std::uint16_t>, ServiceHandler>>
-        remoteConnections;
     std::map<std::uint64_t, RegisteredEndpoint> registered;
     std::string entity;
     std::map<std::string, std::uint16_t> endpointNumbers;
     std::vector<std::pair<std::string, std::string>> published;
-    std::vector<std::string> ownConnections;
-    std::uint32_t peerPid = 0;
-    std::uint32_t peerUid = 0;
 };
 
 }  // namespace platform::testing

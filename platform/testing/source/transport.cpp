@@ -1,6 +1,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include <unistd.h>
+
 #include <wz/transport.h>
 
 #include "message_rules.h"
@@ -198,14 +200,7 @@ int DoCall(WzTvoTransport* transport,
         world.changed.notify_all();
         return outcome;
     };
-    return Run(Call::TransportCall,
-               &Overrides::transportCall,
-               body,
-               transport,
-               request,
-               requestArena,
-               response,
-               responseArena);
+    return Run(Call::TransportCall, body);
 }
 
 /// Hands out the next request that its receiver can take; others cost their sender the connection.
@@ -238,6 +233,10 @@ int DoReceive(WzTvoTransport* transport, wz_message* request, wz_arena* requestA
 {
     const auto body = [=](World& world, Lock& lock)
     {
+        if (const auto replacement = world.overrides.transportReceive)
+        {
+            return RunOverride(lock, replacement, transport, request, requestArena);
+        }
         const auto* found = world.Find<std::shared_ptr<Endpoint>>(transport->handle);
         if (found == nullptr)
         {
@@ -265,12 +264,7 @@ int DoReceive(WzTvoTransport* transport, wz_message* request, wz_arena* requestA
             }
         }
     };
-    return Run(Call::TransportReceive,
-               &Overrides::transportReceive,
-               body,
-               transport,
-               request,
-               requestArena);
+    return Run(Call::TransportReceive, body);
 }
 
 std::shared_ptr<Connection> FindOrigin(World& world,
@@ -322,8 +316,7 @@ int DoReply(WzTvoTransport* transport, const wz_message* response, const wz_aren
                       response,
                       responseArena);
     };
-    return Run(
-        Call::TransportReply, &Overrides::transportReply, body, transport, response, responseArena);
+    return Run(Call::TransportReply, body);
 }
 
 constexpr WzTvoTransportOperations Operations{&DoCall, &DoReceive, &DoReply};
@@ -364,7 +357,7 @@ int WzTvoTransportDetach(WzTvoTransport* transport, WzTvoTicket* ticket)
         transport->origin.sequence = 0;
         return XoOk;
     };
-    return Run(Call::TransportDetach, &Overrides::transportDetach, body, transport, ticket);
+    return Run(Call::TransportDetach, body);
 }
 
 int WzTvoTicketReply(WzTvoTicket* ticket, const wz_message* response, const wz_arena* responseArena)
@@ -374,7 +367,7 @@ int WzTvoTicketReply(WzTvoTicket* ticket, const wz_message* response, const wz_a
         return Answer(
             world, ticket->handle, ticket->origin, &Connection::ticket, response, responseArena);
     };
-    return Run(Call::TicketReply, &Overrides::ticketReply, body, ticket, response, responseArena);
+    return Run(Call::TicketReply, body);
 }
 
 int WzTvoTransportGetPeer(const WzTvoTransport* transport, WzTvoPeer* peer)
@@ -386,8 +379,11 @@ int WzTvoTransportGetPeer(const WzTvoTransport* transport, WzTvoPeer* peer)
         {
             return XoObjectGone;
         }
-        *peer = {connection->pid, connection->uid, connection->id, connection->seenAcknowledged};
+        *peer = {static_cast<std::uint32_t>(::getpid()),
+                 ::getuid(),
+                 connection->id,
+                 connection->seenAcknowledged};
         return XoOk;
     };
-    return Run(Call::TransportGetPeer, &Overrides::transportGetPeer, body, transport, peer);
+    return Run(Call::TransportGetPeer, body);
 }

@@ -60,10 +60,10 @@ TEST_F(Approval, EachAnswerReachesItsCaller)
         const auto caller = AskAndWait("server.example");
         EXPECT_TRUE(caller->Runs());
         answer.give(display);
-        EXPECT_EQ(caller->ExitStatus(), answer.status);
+        ASSERT_EQ(caller->ExitStatus(), answer.status);
         EXPECT_EQ(caller->Output(), answer.status == 0 ? "approve\n" : "close\n");
         EXPECT_EQ(caller->Errors(), "");
-        EXPECT_TRUE(display.WaitForNoToplevel());
+        ASSERT_TRUE(display.WaitForNoToplevel());
         EXPECT_EQ(display.Showings(), ++showings);
     }
 }

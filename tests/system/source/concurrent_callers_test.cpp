@@ -134,7 +134,7 @@ TEST_F(ConcurrentCallers, OneThatSendsGarbageLosesOnlyItsOwnConnection)
 {
     const auto socketPath = FindSocket(terminal.Folder() / "servers");
     RawClient mute(socketPath);
-    for (const std::size_t size : {1, 31, 32, 33, 4096, 65536})
+    for (const std::size_t size : {1U, 31U, 32U, 33U, 4096U, 65536U})
     {
         RawClient client(socketPath);
         client.Send(std::string(size, '\xa5'));

@@ -43,15 +43,23 @@ public:
         quick = qobject_cast<QQuickWindow*>(engine.rootObjects().front());
     }
 
-    /// Shows the window and waits until the dialog is complete, which is when it takes the focus,
-    /// and laid out, which is done for a picture at the latest. The mouse is out of the way.
+    /// Shows the window and waits until the dialog is there to its last item and laid out, which
+    /// may take more than one picture; its button has the focus a little earlier. The mouse is out
+    /// of the way.
     void Show()
     {
         view->Show();
         ASSERT_TRUE(QTest::qWaitFor(
             [this] { return Approve() != nullptr && Approve()->hasActiveFocus(); }));
         QTest::mouseMove(quick, {1, 1});
-        quick->grabWindow();
+        ASSERT_TRUE(QTest::qWaitFor(
+            [this]
+            {
+                quick->grabWindow();
+                const auto* loader = All("View").value(0)->parentItem();
+                const auto* panel = All("InformationPanel").value(0);
+                return loader->property("status").toInt() == LoaderReady && panel->width() > 0;
+            }));
     }
 
     /// Waits for the end of the dialog. A dialog that was not answered hangs here.
@@ -99,6 +107,8 @@ public:
     {
         return engine.rootContext()->contextProperty(QLatin1String(property)).toString();
     }
+
+    static constexpr int LoaderReady = 1;
 
     int argc = 1;
     char name[5] = "test";

@@ -4,19 +4,15 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
-#include <map>
 #include <memory>
 #include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
-#include <shared/ipc_utils/publish.h>
-#include <tvo/platform_log.h>
-#include <tvo/task.h>
 #include <wz/message.h>
 #include <wz/transport.h>
-#include <xo/notice.h>
+#include <xo/result.h>
 
 /// The double of the operating system's calls: one process, no sockets, no files.
 ///
@@ -73,9 +69,6 @@ enum class Call : unsigned
 
 inline constexpr std::size_t CallCount = static_cast<std::size_t>(Call::FindTarget) + 1;
 
-/// The name of the platform's function, for instance "XoCmConnect".
-const char* NameOf(Call call);
-
 /// What some of the next runs of a call return, instead of doing anything. Outputs stay as they
 /// are. Calls whose result is no code fail in their own way whatever the code: all ones, 65535,
 /// false, an empty optional.
@@ -85,7 +78,6 @@ struct Script
 
     int code = XoObjectGone;
     unsigned times = 1;
-    unsigned skip = 0;  ///< runs that still do their work before the script begins
 };
 
 /// One run of a call that has returned.
@@ -122,49 +114,9 @@ struct RemoteService
 /// set before the threads that use the call start. Scripts come before them.
 struct Overrides
 {
-    std::function<int(const char*, const char*, std::uint32_t, std::uint32_t*, std::uint32_t*)>
-        cmConnect;
-    std::function<int(const char*, std::uint32_t, char*, char*)> cmListen;
     std::function<int(const char*, const char*, std::uint32_t, std::uint32_t, std::uint32_t*)>
         cmAccept;
-    std::function<int(const char*, const char*)> cmDrop;
-    std::function<int(std::uint32_t)> handleClose;
-    std::function<void(std::uint32_t)> sleep;
-
-    std::function<int(WzTvoTransport*, const wz_message*, const wz_arena*, wz_message*, wz_arena*)>
-        transportCall;
     std::function<int(WzTvoTransport*, wz_message*, wz_arena*)> transportReceive;
-    std::function<int(WzTvoTransport*, const wz_message*, const wz_arena*)> transportReply;
-    std::function<int(WzTvoTransport*, WzTvoTicket*)> transportDetach;
-    std::function<int(const WzTvoTransport*, WzTvoPeer*)> transportGetPeer;
-    std::function<int(WzTvoTicket*, const wz_message*, const wz_arena*)> ticketReply;
-
-    std::function<int(std::uint32_t*, std::uint32_t*)> eventCreate;
-    std::function<int(SNotice**)> noticeCreate;
-    std::function<int(SNotice*, std::uint32_t, std::uint32_t, unsigned long)>
-        noticeSubscribeToObject;
-    std::function<int(SNotice*, unsigned long, unsigned long, EventDesc*, unsigned long*)>
-        noticeGetEvent;
-    std::function<int(SNotice*, std::uint32_t)> noticeUnsubscribeFromObject;
-    std::function<int(SNotice*, unsigned long)> noticeUnsubscribeFromEvent;
-    std::function<int(SNotice*)> noticeDropAndWake;
-    std::function<int(SNotice*)> noticeRelease;
-    std::function<int(std::uint32_t, std::uint32_t)> noticeSetObjectEvent;
-
-    std::function<std::uint32_t(const char*, const void*, std::uint32_t, std::uint64_t*)>
-        locatorRegister;
-    std::function<void(std::uint64_t)> locatorUnregister;
-    std::function<std::uint32_t(const char*)> locatorConnect;
-    std::function<std::uint16_t(std::uint32_t, const char*)> locatorGetRiid;
-    std::function<int(std::uint32_t, const TvoComponentTree*)> taskSetComponentTree;
-    std::function<int(std::uint32_t, std::uint32_t, const char*)> taskConnectToService;
-    std::function<int(std::size_t, void*)> randomGenerate;
-
-    std::function<bool(const char*, const char*)> publishService;
-    std::function<std::optional<
-        std::pair<shared::ipc_utils::NameBuffer, shared::ipc_utils::NameBuffer>>(const char*,
-                                                                                 std::uint32_t)>
-        findTarget;
 };
 
 struct PendingRequest;
@@ -179,12 +131,6 @@ public:
     /// The verdict's code, or nothing when none came within the limit.
     std::optional<int> WaitForVerdict(
         std::chrono::milliseconds limit = std::chrono::seconds(5)) const;
-
-    std::uint32_t Handle() const;  ///< the client's connection once accepted
-    std::uint32_t Riid() const;    ///< interface number told to the client once accepted
-
-    /// The client goes away before a verdict.
-    void HangUp() const;
 
 private:
     std::shared_ptr<PendingRequest> m_request;
@@ -218,9 +164,6 @@ public:
     void Block(Call call);
     void Release(Call call);
 
-    /// Threads that wait inside the call at this moment get the time-out, as if it had passed.
-    void ExpireWaits(Call call);
-
     Overrides& Override();
 
     // What has happened.
@@ -239,10 +182,7 @@ public:
                           unsigned threads = 1,
                           std::chrono::milliseconds limit = std::chrono::seconds(5)) const;
 
-    /// The runs that have returned, oldest first; the oldest are given up beyond 10,000.
-    std::vector<Record> Journal() const;
-
-    /// The runs of one call.
+    /// The runs of one call that have returned, oldest first.
     std::vector<Record> Journal(Call call) const;
 
     /// Handles that are open, without the task's own.
@@ -253,32 +193,17 @@ public:
     /// Makes a service of another process, accepted at once and answered by `handler`.
     void Serve(RemoteService service, ServiceHandler handler);
 
-    /// Makes the partner of `ServiceLocatorConnect` for a static connection name.
-    /// @param endpoints  full endpoint name to interface number, for `ServiceLocatorGetRiid`
-    void ServeConnection(std::string connectionId,
-                         std::map<std::string, std::uint16_t> endpoints,
-                         ServiceHandler handler);
-
-    /// The process behind a server or static name dies: its connections hang up, its name is free.
-    void Withdraw(const std::string& serverOrConnection);
+    /// The process behind a server dies: its connections hang up, its name is free.
+    void Withdraw(const std::string& server);
 
     /// A client asks for a service. `XoCmListen` reports it under just this name.
     PendingClient RequestConnection(std::string client, std::string service);
-
-    /// Who the clients are that connect from now on, for `WzTvoTransportGetPeer`.
-    void SetPeer(std::uint32_t pid, std::uint32_t uid);
 
     /// Services published by the code under test: interface name and service name.
     std::vector<std::pair<std::string, std::string>> Published() const;
 
     /// The entity's name from the component tree; empty before it was set.
     std::string Entity() const;
-
-    /// Connection ids given to `TvoTaskConnectToService`.
-    std::vector<std::string> OwnConnections() const;
-
-    /// Writes a line to the hook of `TvoPlatformSetLog`, as the platform would.
-    void Log(TvoPlatformLogLevel level, const std::string& text) const;
 };
 
 }  // namespace platform::testing
