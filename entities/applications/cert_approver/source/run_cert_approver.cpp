@@ -51,7 +51,6 @@ constexpr int FailureStatus = 1;
 /// locale "C". Qt takes the locale of the environment, whatever it is.
 void UseUtf8()
 {
-    // NOLINTNEXTLINE(concurrency-mt-unsafe): nobody converts text before the application is up.
     if (std::setlocale(LC_CTYPE, Utf8Locale) == nullptr)
     {
         TVO_LOG_WARNING("Locale {} is not available", Utf8Locale);

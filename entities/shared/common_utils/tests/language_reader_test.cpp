@@ -10,14 +10,12 @@ namespace {
 TEST(LanguageReader, PrefersTheEnvironmentUnlessItIsEmpty)
 {
     const LanguageReader reader{"en_EN"};
-    // NOLINTBEGIN(concurrency-mt-unsafe): there is one thread
     unsetenv("TVO_LANGUAGE");
     EXPECT_EQ(reader.ReadValue(), "en_EN");
     setenv("TVO_LANGUAGE", "pt-BR", 1);
     EXPECT_EQ(reader.ReadValue(), "pt-BR");
     setenv("TVO_LANGUAGE", "", 1);
     EXPECT_EQ(reader.ReadValue(), "en_EN");
-    // NOLINTEND(concurrency-mt-unsafe)
 }
 
 }  // namespace

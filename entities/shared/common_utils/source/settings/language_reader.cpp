@@ -10,7 +10,6 @@ LanguageReader::LanguageReader(std::string defaultValue) : m_defaultValue(std::m
 
 std::string LanguageReader::ReadValue() const
 {
-    // NOLINTNEXTLINE(concurrency-mt-unsafe): nobody writes the environment after the start
     const char* language = std::getenv("TVO_LANGUAGE");
     return language != nullptr && *language != '\0' ? language : m_defaultValue;
 }

@@ -138,7 +138,6 @@ void CertApproverWindowView::SetCertificateData(const CertViewData& data) noexce
 std::unique_ptr<::common::utils::ICallableGuard> CertApproverWindowView::GetGuardView() const
 {
     // The guard asks whether the object lives, and nothing else of it.
-    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-const-cast)
     auto* self = const_cast<CertApproverWindowView*>(this);
     return std::make_unique<vdi::common_utils_ui::QtCallableGuard>(self);
 }
