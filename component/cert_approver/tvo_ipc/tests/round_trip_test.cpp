@@ -6,10 +6,10 @@
 
 #include <gtest/gtest.h>
 
+#include <component/cert_approver/tvo_ipc/cert_approver_dispatcher.h>
 #include <component/cert_approver/tvo_ipc/cert_approver_stub.h>
 #include <component/cert_approver/tvo_ipc/client.h>
 #include <component/cert_approver/tvo_ipc/service_names.h>
-#include <shared/common/tvo/entity/component_dispatcher.h>
 #include <shared/common/tvo/ipc/connection_manager.h>
 #include <shared/ipc_utils/publish.h>
 #include <tvo/service_locator.h>
@@ -24,13 +24,7 @@ using namespace cert_approver;
 using certs::cert_service::CertData;
 using tvo::ipc::ConnectionManager;
 
-using Dispatcher =
-    tvo::entity::ComponentDispatcher<vx_cert_approver_CertApprover_component,
-                                     vx_cert_approver_CertApprover_component_req,
-                                     vx_cert_approver_CertApprover_component_res,
-                                     &vx_cert_approver_CertApprover_component_dispatch,
-                                     vx_cert_approver_CertApprover_req_arena_size,
-                                     vx_cert_approver_CertApprover_res_arena_size>;
+using Dispatcher = stub::CertApproverDispatcher;
 
 class RoundTrip : public ::testing::Test
 {

@@ -9,12 +9,12 @@
 #include <QGuiApplication>
 #include <QQmlApplicationEngine>
 
+#include <component/cert_approver/tvo_ipc/cert_approver_dispatcher.h>
 #include <component/cert_approver/tvo_ipc/cert_approver_stub.h>
 #include <component/cert_approver/tvo_ipc/service_names.h>
 #include <component/logger/logger.h>
 #include <component/plk/process_exception.h>
 #include <component/plk/result_code_text.h>
-#include <shared/common/tvo/entity/component_dispatcher.h>
 #include <shared/common_utils/app_utils/get_app_name.h>
 #include <shared/common_utils/settings/language_reader.h>
 #include <shared/common_utils_ui/window/window_resizer.h>
@@ -33,13 +33,7 @@ namespace {
 
 using windows::components::IWindow;
 
-using Dispatcher =
-    tvo::entity::ComponentDispatcher<vx_cert_approver_CertApprover_component,
-                                     vx_cert_approver_CertApprover_component_req,
-                                     vx_cert_approver_CertApprover_component_res,
-                                     &vx_cert_approver_CertApprover_component_dispatch,
-                                     vx_cert_approver_CertApprover_req_arena_size,
-                                     vx_cert_approver_CertApprover_res_arena_size>;
+using Dispatcher = stub::CertApproverDispatcher;
 
 constexpr char DefaultAppName[] = "CertApprover";
 constexpr char QtAppName[] = "cert_approver";
