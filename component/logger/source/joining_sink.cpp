@@ -1,5 +1,6 @@
 #include "joining_sink.h"
 
+#include <cstring>
 #include <utility>
 
 #include <fmt/format.h>
@@ -9,9 +10,33 @@
 namespace tvo::logger {
 namespace {
 
-std::string EscapeOrEmpty(const char* text)
+using View = spdlog::string_view_t;
+
+View ViewOf(const char* text)
 {
-    return text == nullptr ? std::string() : EscapeForLine(text);
+    return text == nullptr ? View() : View(text);
+}
+
+bool AreEqual(View a, View b)
+{
+    return a.size() == b.size() && std::memcmp(a.data(), b.data(), a.size()) == 0;
+}
+
+bool IsPlainAscii(View text)
+{
+    return logger::IsPlainAscii({text.data(), text.size()});
+}
+
+bool IsPlainAscii(const spdlog::details::log_msg& message)
+{
+    return IsPlainAscii(message.payload) && IsPlainAscii(message.logger_name) &&
+           IsPlainAscii(ViewOf(message.source.filename)) &&
+           IsPlainAscii(ViewOf(message.source.funcname));
+}
+
+std::string Escape(View text)
+{
+    return EscapeForLine({text.data(), text.size()});
 }
 
 }  // namespace
@@ -19,33 +44,40 @@ std::string EscapeOrEmpty(const char* text)
 JoiningSink::JoiningSink(std::shared_ptr<spdlog::sinks::sink> target) : m_target(std::move(target))
 {}
 
-JoiningSink::Line::Line(const Message& message)
-    : fields(message),
-      tag(EscapeForLine({message.logger_name.data(), message.logger_name.size()})),
-      file(EscapeOrEmpty(message.source.filename)),
-      function(EscapeOrEmpty(message.source.funcname)),
-      payload(EscapeForLine({message.payload.data(), message.payload.size()}))
-{}
-
-bool JoiningSink::Line::Equals(const Line& other) const
+bool JoiningSink::LastLine::Equals(const Message& message) const
 {
-    return fields.level == other.fields.level && fields.source.line == other.fields.source.line &&
-           payload == other.payload && function == other.function && file == other.file;
+    return level == message.level && sourceLine == message.source.line &&
+           AreEqual(payload, message.payload) &&
+           AreEqual(function, ViewOf(message.source.funcname)) &&
+           AreEqual(file, ViewOf(message.source.filename));
 }
 
-JoiningSink::Message JoiningSink::Line::ToMessage(spdlog::string_view_t text) const
+void JoiningSink::LastLine::Take(const Message& message)
 {
-    Message message = fields;
-    message.logger_name = tag;
-    message.source = {file.c_str(), fields.source.line, function.c_str()};
-    message.payload = text;
+    const auto keep = [](std::string& text, View view)
+    {
+        text.assign(view.data(), view.size());
+    };
+    level = message.level;
+    sourceLine = message.source.line;
+    thread = message.thread_id;
+    keep(tag, message.logger_name);
+    keep(file, ViewOf(message.source.filename));
+    keep(function, ViewOf(message.source.funcname));
+    keep(payload, message.payload);
+}
+
+JoiningSink::Message JoiningSink::LastLine::ToMessage(spdlog::log_clock::time_point time,
+                                                      View text) const
+{
+    Message message(time, {file.c_str(), sourceLine, function.c_str()}, tag, level, text);
+    message.thread_id = thread;
     return message;
 }
 
 void JoiningSink::sink_it_(const Message& message)
 {
-    auto line = std::make_unique<Line>(message);
-    if (m_last && m_last->Equals(*line))
+    if (m_last.Equals(message))
     {
         ++m_repeats;
         m_lastRepeat = message.time;
@@ -56,9 +88,27 @@ void JoiningSink::sink_it_(const Message& message)
         return;
     }
     WriteRepeats();
-    m_last = std::move(line);
+    m_last.Take(message);
     m_lastWritten = message.time;
-    m_target->log(m_last->ToMessage(m_last->payload));
+    Write(message);
+}
+
+void JoiningSink::Write(const Message& message)
+{
+    if (IsPlainAscii(message))
+    {
+        m_target->log(message);
+        return;
+    }
+    const std::string tag = Escape(message.logger_name);
+    const std::string file = Escape(ViewOf(message.source.filename));
+    const std::string function = Escape(ViewOf(message.source.funcname));
+    const std::string payload = Escape(message.payload);
+    Message escaped = message;
+    escaped.logger_name = tag;
+    escaped.source = {file.c_str(), message.source.line, function.c_str()};
+    escaped.payload = payload;
+    m_target->log(escaped);
 }
 
 void JoiningSink::WriteRepeats()
@@ -69,11 +119,9 @@ void JoiningSink::WriteRepeats()
     }
     const std::string text =
         fmt::format("the last line came {} more {}", m_repeats, m_repeats == 1 ? "time" : "times");
-    Message message = m_last->ToMessage(text);
-    message.time = m_lastRepeat;
     m_repeats = 0;
     m_lastWritten = m_lastRepeat;
-    m_target->log(message);
+    Write(m_last.ToMessage(m_lastRepeat, text));
 }
 
 void JoiningSink::flush_()

@@ -28,25 +28,29 @@ private:
     void flush_() override;
     void set_formatter_(std::unique_ptr<spdlog::formatter> formatter) override;
 
-    /// A line with texts of its own; the messages that come in only point to theirs.
-    struct Line
+    /// What is kept of the line written last, in texts of its own: those that come in only point to
+    /// theirs. Its strings are filled again and again, so a line costs no memory.
+    struct LastLine
     {
-        explicit Line(const Message& message);
+        [[nodiscard]] bool Equals(const Message& message) const;
+        void Take(const Message& message);
+        [[nodiscard]] Message ToMessage(spdlog::log_clock::time_point time,
+                                        spdlog::string_view_t text) const;
 
-        [[nodiscard]] bool Equals(const Line& other) const;
-        [[nodiscard]] Message ToMessage(spdlog::string_view_t text) const;
-
-        Message fields;
+        spdlog::level::level_enum level = spdlog::level::off;
+        int sourceLine = 0;
+        std::size_t thread = 0;
         std::string tag;
         std::string file;
         std::string function;
         std::string payload;
     };
 
+    void Write(const Message& message);
     void WriteRepeats();
 
     std::shared_ptr<spdlog::sinks::sink> m_target;
-    std::unique_ptr<Line> m_last;
+    LastLine m_last;
     std::size_t m_repeats = 0;
     spdlog::log_clock::time_point m_lastRepeat;
     spdlog::log_clock::time_point m_lastWritten;

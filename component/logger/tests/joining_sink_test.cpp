@@ -9,6 +9,8 @@
 #include <spdlog/pattern_formatter.h>
 #include <spdlog/sinks/ostream_sink.h>
 
+#include "escape.h"
+
 namespace {
 
 using namespace std::chrono_literals;
@@ -62,4 +64,23 @@ TEST_F(JoiningSinkTest, ReportsALastingRepetitionFromTimeToTime)
     }
     EXPECT_EQ(m_written.str(),
               "1 a\n1 the last line came 10 more times\n1 the last line came 10 more times\n");
+}
+
+TEST(Escape, KnowsPlainTextsByTheirBytes)
+{
+    // Every byte at every place of texts that end within and at the end of a word.
+    for (std::size_t length = 1; length <= 17; ++length)
+    {
+        for (std::size_t place = 0; place < length; ++place)
+        {
+            for (int byte = 0; byte < 256; ++byte)
+            {
+                std::string text(length, 'a');
+                text[place] = static_cast<char>(byte);
+                ASSERT_EQ(tvo::logger::IsPlainAscii(text), byte >= ' ' && byte <= '~')
+                    << byte << " at " << place << " of " << length;
+            }
+        }
+    }
+    EXPECT_TRUE(tvo::logger::IsPlainAscii(""));
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <memory>
 #include <string>
 
@@ -7,17 +8,26 @@
 
 namespace spdlog {
 class logger;
+namespace sinks {
+class sink;
 }
+}  // namespace spdlog
 
 namespace tvo::logger {
 
-/// What stands behind the root logger: the threshold and the way of a line to its output, which is
-/// standard error. A derived class may send lines elsewhere. All operations but `Configure` are
-/// called by any thread at any time.
+/// What stands behind the root logger: the threshold and the way of a line to its output. A derived
+/// class may send lines elsewhere. All operations but `Configure` are called by any thread at any
+/// time.
 class DefaultLoggerImpl
 {
 public:
+    /// Writes to standard error.
     DefaultLoggerImpl();
+
+    /// @param output  where lines go, escaped and with equal ones joined; called by one thread at a
+    ///                time
+    explicit DefaultLoggerImpl(std::shared_ptr<spdlog::sinks::sink> output);
+
     virtual ~DefaultLoggerImpl();
 
     DefaultLoggerImpl(const DefaultLoggerImpl&) = delete;
@@ -45,7 +55,10 @@ public:
     void SetThreshold(LogLevel threshold);
 
 private:
+    const std::shared_ptr<spdlog::sinks::sink> m_output;
     std::shared_ptr<spdlog::logger> m_logger;
+    // The same as the logger's, where asking costs one read.
+    std::atomic<LogLevel> m_threshold = LogLevel::Info;
 };
 
 }  // namespace tvo::logger
