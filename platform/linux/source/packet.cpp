@@ -14,6 +14,7 @@ namespace {
 constexpr std::size_t ControlBytes = CMSG_SPACE((MaxPacketDescriptors + 1) * sizeof(int));
 
 /// One a thread, so that nothing is allocated per message and nothing goes while the process exits.
+/// What was received stands there until the thread receives or sends its next packet.
 unsigned char* PacketBuffer()
 {
     thread_local std::array<unsigned char, MaxPacketBytes> buffer;
@@ -47,6 +48,80 @@ ssize_t ReceiveMessage(int socket, msghdr& message, int flags)
         {
             return size;
         }
+    }
+}
+
+std::size_t ArenaBytesInPacket(const Frame& frame)
+{
+    return (frame.flags & FrameArenaInFile) == 0 ? frame.arenaBytes : 0;
+}
+
+std::size_t PacketBytes(const Frame& frame)
+{
+    return sizeof frame + frame.messageBytes + ArenaBytesInPacket(frame);
+}
+
+/// Up to this size a packet is joined here and sent with the plainer call: a copy costs less than
+/// having the kernel collect the parts.
+constexpr std::size_t MaxJoinedBytes = 4096;
+
+ssize_t SendJoined(int socket, const Frame& frame, const void* message, const void* arena)
+{
+    unsigned char* const bytes = PacketBuffer();
+    std::memcpy(bytes, &frame, sizeof frame);
+    std::memcpy(bytes + sizeof frame, message, frame.messageBytes);
+    if (frame.arenaBytes > 0)
+    {
+        std::memcpy(bytes + sizeof frame + frame.messageBytes, arena, frame.arenaBytes);
+    }
+    return ::send(socket, bytes, PacketBytes(frame), MSG_NOSIGNAL | MSG_DONTWAIT);
+}
+
+ssize_t SendParts(int socket,
+                  const Frame& frame,
+                  const void* message,
+                  const void* arena,
+                  const int* descriptors,
+                  std::size_t descriptorCount)
+{
+    iovec data[] = {
+        {const_cast<Frame*>(&frame), sizeof frame},
+        {const_cast<void*>(message), frame.messageBytes},
+        {const_cast<void*>(arena), ArenaBytesInPacket(frame)},
+    };
+    msghdr header{};
+    header.msg_iov = data;
+    header.msg_iovlen = data[2].iov_len > 0 ? 3 : 2;
+
+    alignas(cmsghdr) unsigned char control[ControlBytes];
+    if (descriptorCount > 0)
+    {
+        const std::size_t bytes = descriptorCount * sizeof(int);
+        std::memset(control, 0, sizeof control);
+        header.msg_control = control;
+        header.msg_controllen = CMSG_SPACE(bytes);
+        cmsghdr* rights = CMSG_FIRSTHDR(&header);
+        rights->cmsg_level = SOL_SOCKET;
+        rights->cmsg_type = SCM_RIGHTS;
+        rights->cmsg_len = CMSG_LEN(bytes);
+        std::memcpy(CMSG_DATA(rights), descriptors, bytes);
+    }
+    return ::sendmsg(socket, &header, MSG_NOSIGNAL | MSG_DONTWAIT);
+}
+
+Departure WhyNotSent(int error)
+{
+    switch (error)
+    {
+        case EAGAIN:
+            return Departure::Full;
+        case ENOBUFS:
+        case ENOMEM:
+        case ETOOMANYREFS:
+        case EMSGSIZE:
+            return Departure::NoResources;
+        default:
+            return Departure::Gone;
     }
 }
 
@@ -130,47 +205,21 @@ Departure SendPacket(int socket,
                      const int* descriptors,
                      std::size_t descriptorCount)
 {
-    const bool inlineArena = (frame.flags & FrameArenaInFile) == 0 && frame.arenaBytes > 0;
-    iovec data[] = {
-        {const_cast<Frame*>(&frame), sizeof frame},
-        {const_cast<void*>(message), frame.messageBytes},
-        {const_cast<void*>(arena), frame.arenaBytes},
-    };
-    msghdr header{};
-    header.msg_iov = data;
-    header.msg_iovlen = inlineArena ? 3 : 2;
-
-    alignas(cmsghdr) unsigned char control[ControlBytes];
-    if (descriptorCount > 0)
+    const bool isSmall = descriptorCount == 0 && PacketBytes(frame) <= MaxJoinedBytes;
+    for (;;)
     {
-        const std::size_t bytes = descriptorCount * sizeof(int);
-        std::memset(control, 0, sizeof control);
-        header.msg_control = control;
-        header.msg_controllen = CMSG_SPACE(bytes);
-        cmsghdr* rights = CMSG_FIRSTHDR(&header);
-        rights->cmsg_level = SOL_SOCKET;
-        rights->cmsg_type = SCM_RIGHTS;
-        rights->cmsg_len = CMSG_LEN(bytes);
-        std::memcpy(CMSG_DATA(rights), descriptors, bytes);
-    }
-    while (::sendmsg(socket, &header, MSG_NOSIGNAL | MSG_DONTWAIT) < 0)
-    {
-        switch (errno)
+        const ssize_t sent =
+            isSmall ? SendJoined(socket, frame, message, arena)
+                    : SendParts(socket, frame, message, arena, descriptors, descriptorCount);
+        if (sent >= 0)
         {
-            case EINTR:
-                break;
-            case EAGAIN:
-                return Departure::Full;
-            case ENOBUFS:
-            case ENOMEM:
-            case ETOOMANYREFS:
-            case EMSGSIZE:
-                return Departure::NoResources;
-            default:
-                return Departure::Gone;
+            return Departure::Sent;
+        }
+        if (errno != EINTR)
+        {
+            return WhyNotSent(errno);
         }
     }
-    return Departure::Sent;
 }
 
 }  // namespace platform

@@ -50,7 +50,7 @@ enum class Waiting
 /// One packet as it came from a socket.
 struct ReceivedPacket
 {
-    /// Buffer of the calling thread; holds until its next `ReceivePacket`.
+    /// Buffer of the calling thread; holds until its next `ReceivePacket` or `SendPacket`.
     const unsigned char* bytes = nullptr;
     std::size_t size = 0;
     PacketDescriptors descriptors;
