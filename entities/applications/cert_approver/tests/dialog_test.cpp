@@ -49,6 +49,30 @@ TEST_F(Dialog, KeysAnswer)
     }
 }
 
+TEST_F(Dialog, IsInTheFirstPicture)
+{
+    Load("en-US");
+    std::vector<bool> pictures;
+    QObject::connect(quick,
+                     &QQuickWindow::frameSwapped,
+                     quick,
+                     [&] { pictures.push_back(Approve() != nullptr); });
+    Show();
+    ASSERT_FALSE(pictures.empty());
+    EXPECT_TRUE(pictures.front());
+}
+
+TEST_F(Dialog, IsBuiltAnewForARequestThatWaited)
+{
+    Load("en-US");
+    Show();
+    QTest::keyClick(quick, Qt::Key_Tab);
+    ASSERT_TRUE(Cancel()->hasActiveFocus());
+    view->Close();
+    Show();
+    EXPECT_TRUE(Approve()->hasActiveFocus());
+}
+
 TEST_F(Dialog, AClickBesideTheButtonsIsNoAnswer)
 {
     Load("en-US");

@@ -29,7 +29,9 @@ Window {
     Loader {
         anchors.fill: parent
         asynchronous: true
-        sourceComponent: root.visible ? dialog : undefined
+        // Not the window's own property: that one tells of its changes later, and with the next
+        // request at hand it would tell of none, so that the dialog stayed as it was left.
+        sourceComponent: certApproverContext.isVisible ? dialog : undefined
     }
 
     Component {
