@@ -1,20 +1,22 @@
 // Nothing is allocated for a message, neither by the caller nor by the server.
 
+#include <atomic>
 #include <cstdlib>
 #include <new>
 
-#include "support.h"
+#include "server_process.h"
 
 namespace {
 
 thread_local std::size_t t_allocations = 0;
+std::atomic<bool> g_refuses = false;
 
 }  // namespace
 
 [[gnu::noinline]] void* operator new(std::size_t size)
 {
     ++t_allocations;
-    if (void* memory = std::malloc(size))
+    if (void* memory = g_refuses ? nullptr : std::malloc(size))
     {
         return memory;
     }
@@ -32,6 +34,12 @@ thread_local std::size_t t_allocations = 0;
 }
 
 namespace platform::tests {
+
+void RefuseMemory()
+{
+    g_refuses = true;
+}
+
 namespace {
 
 TEST(Transport, AllocatesNothingPerMessage)

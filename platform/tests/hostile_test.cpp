@@ -1,254 +1,492 @@
-// Partners that keep to no rules: each costs itself its connection and one log line, and nobody
-// else anything.
+// Partners that keep to no rules, and such that die at the worst moment: each costs itself its
+// connection and one log line, and nobody else anything.
 
-#include <future>
+#include <deque>
+#include <random>
 
 #include <sys/mman.h>
 
 #include "arena_file.h"
-#include "handshake.h"
-#include "linux_support.h"
+#include "offence_filter.h"
+#include "server_process.h"
 
 namespace platform::tests {
 namespace {
 
-using Hostile = LinuxTest;
+const std::string Direct = std::string("connections/") + ServerProcess::Name;
+const std::string Asking = std::string("servers/") + ServerProcess::Entity;
+const std::string Sound = Packet();
+const std::string Reply = Packet{.kind = FrameKind::Reply};
 
-std::string RequestWith(std::uint64_t sequence, std::uint64_t acknowledged)
+/// What an offender has opened; stays open until its process is told to leave.
+using Loot = std::deque<RawSocket>;
+
+struct Offender
 {
-    RawPacket packet;
-    packet.frame.sequence = sequence;
-    packet.frame.acknowledged = acknowledged;
-    return packet.Bytes();
+    std::string what;
+    std::function<void(Loot&)> misbehave;
+    std::size_t lines = 0;
+    int status = 0;                    ///< of its process
+    std::size_t spareDescriptors = 0;  ///< of the server; newcomers wait until the offender is gone
+};
+
+const RawSocket& Connect(Loot& loot, const std::string& place, const std::string& words = "")
+{
+    const RawSocket& raw = loot.emplace_back(RawSocket::ConnectedTo(place));
+    EXPECT_TRUE(words.empty() || raw.TrySend(words));
+    return raw;
 }
 
-std::string RequestWithArenaFile(std::uint32_t bytes)
+class Hostile : public LinuxTest
 {
-    RawPacket packet;
-    packet.frame.flags = FrameArenaInFile;
-    packet.frame.arenaBytes = bytes;
-    return packet.Bytes();
+protected:
+    /// A server in a process of its own, an offender in another one, and this process, which is
+    /// innocent and served before, meanwhile and afterwards.
+    void Suffer(const Offender& offender)
+    {
+        SCOPED_TRACE(offender.what);
+        log.Clear();
+        const ServerProcess server(offender.spareDescriptors);
+        const std::string pid = std::to_string(server.Pid());
+        Client innocent(ServerProcess::Name);
+        ServerProcess::ExpectServed(innocent.transport);
+        const std::size_t descriptors = CountDescriptors(pid);
+        ServerProcess::ExpectNewcomersServed();
+        const auto memory = [&]
+        {
+            return ServerProcess::ExpectServed(innocent.transport, ServerProcess::TellMemory);
+        };
+        const std::uint64_t memoryBefore = memory();
+
+        const Signal done;
+        const Signal leave;
+        Child hostile(
+            [&]
+            {
+                Loot loot;
+                offender.misbehave(loot);
+                done.Give();
+                leave.Await();
+                return 0;
+            });
+        for (bool last = false; !last && !HasFailure();)
+        {
+            last = done.IsGiven() || hostile.HasEnded();
+            ServerProcess::ExpectServed(innocent.transport);
+            if (offender.spareDescriptors == 0)
+            {
+                ServerProcess::ExpectNewcomersServed();
+            }
+        }
+        leave.Give();
+        EXPECT_EQ(hostile.Wait(), offender.status);
+        ServerProcess::ExpectNewcomersServed();
+        EXPECT_TRUE(Eventually([&] { return CountDescriptors(pid) == descriptors; }));
+        EXPECT_LE(memory(), memoryBefore + 65536);
+        EXPECT_EQ(log.Count(), offender.lines) << log.Text();
+    }
+
+    LogLines log;
+};
+
+/// Descriptors that are no arena of 70000 bytes and no event object, by what is wrong with them.
+std::vector<std::pair<const char*, Descriptor>> MakeForeignDescriptors()
+{
+    const std::vector<unsigned char> bytes(70001);
+    int pipes[2];
+    EXPECT_EQ(::pipe2(pipes, O_CLOEXEC), 0);
+    ::close(pipes[1]);
+    Descriptor unsealed(::memfd_create("unsealed", MFD_CLOEXEC | MFD_ALLOW_SEALING));
+    EXPECT_EQ(::ftruncate(unsealed.Get(), 70000), 0);
+    Descriptor half(::memfd_create("half sealed", MFD_CLOEXEC | MFD_ALLOW_SEALING));
+    EXPECT_EQ(::ftruncate(half.Get(), 70000), 0);
+    EXPECT_EQ(::fcntl(half.Get(), F_ADD_SEALS, F_SEAL_SHRINK | F_SEAL_GROW), 0);
+    std::vector<std::pair<const char*, Descriptor>> made;
+    made.emplace_back("unsealed", std::move(unsealed));
+    made.emplace_back("sealed but for writing", std::move(half));
+    made.emplace_back("too short", MakeArenaFile(bytes.data(), 69999));
+    made.emplace_back("too long", MakeArenaFile(bytes.data(), 70001));
+    made.emplace_back("a pipe", Descriptor(pipes[0]));
+    made.emplace_back("a socket", Descriptor(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0)));
+    made.emplace_back("a directory", Descriptor(::open("/", O_RDONLY | O_CLOEXEC)));
+    made.emplace_back("/dev/zero", Descriptor(::open("/dev/zero", O_RDWR | O_CLOEXEC)));
+    return made;
 }
 
-std::string RequestWithHandle()
+TEST_F(Hostile, BrokenPacketsCostTheirSenderTheConnection)
 {
-    RawPacket packet;
-    packet.SetSizeWord(80 | 1U << 23);
-    packet.frame.handleMask = 1;
-    return packet.Bytes();
-}
-
-/// A file in memory of this size, unsealed.
-Descriptor MakeFile(off_t size)
-{
-    Descriptor file(::memfd_create("test", MFD_CLOEXEC | MFD_ALLOW_SEALING));
-    EXPECT_EQ(::ftruncate(file.Get(), size), 0);
-    return file;
-}
-
-Descriptor MakeSealed(std::size_t size)
-{
-    const std::vector<unsigned char> bytes(size);
-    return MakeArenaFile(bytes.data(), size);
-}
-
-TEST_F(Hostile, ClientsAreCutOffAndNobodyElseNotices)
-{
-    const Descriptor unsealed = MakeFile(70000);
-    const Descriptor shortFile = MakeSealed(69999);
-    const Descriptor longFile = MakeSealed(70001);
-    const Descriptor null(::open("/dev/null", O_RDWR | O_CLOEXEC));
-    const std::vector<int> many(20, null.Get());
     struct Row
     {
-        const char* what;
-        std::vector<std::string> packets;
+        std::string what;
+        std::vector<std::string> packets;  ///< only the last one is broken
         std::vector<int> descriptors = {};
+        std::string place = Direct;
     };
-    RawPacket largeArena;
-    largeArena.arena.resize(65536);
-    largeArena.frame.arenaBytes = 65536;
-    const std::vector<Row> rows{
+    const auto foreign = MakeForeignDescriptors();
+    const int zero = foreign.back().second.Get();
+    const auto sealed = MakeArenaFile(std::vector<unsigned char>(90000).data(), 90000);
+    const std::string fifth = Packet{.sequence = 5};
+    std::vector<Row> rows{
         {"garbage", {"garbage"}},
-        {"random bytes", {std::string(5000, '\xA5')}},
         {"an empty packet", {""}},
         {"longer than any packet", {std::string(80'000, 'x')}},
-        {"cut", {RawPacket().Bytes().substr(0, 100)}},
-        {"a reply", {RawPacket(FrameKind::Reply).Bytes()}},
-        {"a handshake", {RawPacket(FrameKind::Connect).Bytes()}},
-        {"larger than the server's buffer", {RawPacket(FrameKind::Request, 4096).Bytes()}},
-        {"an arena larger than the server's", {largeArena.Bytes()}},
-        {"sequence zero", {RequestWith(0, 0)}},
-        {"a sequence twice", {RequestWith(5, 0), RequestWith(5, 0)}},
-        {"a sequence that falls", {RequestWith(5, 0), RequestWith(4, 0)}},
-        {"an answer that was never sent", {RequestWith(5, 4)}},
-        {"a descriptor nobody asked for", {RawPacket().Bytes()}, {null.Get()}},
-        {"twenty descriptors", {RawPacket().Bytes()}, many},
-        {"a handle nobody asked for", {RequestWithHandle()}, {null.Get()}},
-        {"an arena file that is none", {RequestWithArenaFile(70000)}, {null.Get()}},
-        {"an arena file that can change", {RequestWithArenaFile(70000)}, {unsealed.Get()}},
-        {"an arena file that is too short", {RequestWithArenaFile(70000)}, {shortFile.Get()}},
-        {"an arena file that is too long", {RequestWithArenaFile(70000)}, {longFile.Get()}},
-        {"no arena file", {RequestWithArenaFile(70000)}},
+        {"cut", {Sound.substr(0, 100)}},
+        {"a reply", {Reply}},
+        {"a handshake", {Packet{.kind = FrameKind::Connect}}},
+        {"larger than the server's buffer", {Packet{.messageBytes = 4096}}},
+        {"a larger arena than was sent", {Packet{.arenaBytes = 10}}},
+        {"an arena larger than the server's",
+         {Packet{.flags = 1, .arenaBytes = 90000}},
+         {sealed.Get()}},
+        {"sequence zero", {Packet{.sequence = 0}}},
+        {"a sequence twice", {fifth, fifth}},
+        {"a sequence that falls", {fifth, Packet{.sequence = 4}}},
+        {"an answer that was never sent", {Packet{.sequence = 5, .acknowledged = 4}}},
+        {"a handle beyond the count", {Packet{.handles = 1, .mask = 2}}, {zero}},
+        {"more handles than asked for", {Packet{.handles = 2, .mask = 3}}, {zero, zero}},
+        {"fewer descriptors than handles", {Packet{.handles = 1, .mask = 1}}},
+        {"more descriptors than handles", {Packet{.handles = 1, .mask = 1}}, {zero, zero}},
+        {"a descriptor for nothing", {Sound}, {zero}},
+        {"twenty descriptors", {Sound}, std::vector<int>(20, zero)},
+        {"no arena file", {Packet{.flags = 1, .arenaBytes = 70000}}},
+        {"garbage instead of a name", {"garbage"}, {}, Asking},
+        {"a request instead of a name", {Sound}, {}, Asking},
+        {"names that do not fit", {Packet{.kind = FrameKind::Connect}}, {}, Asking},
     };
-    LogLines log;
-    Endpoint endpoint("hostile");
-    // Takes what comes with a small buffer and no room for handles, and never answers.
-    auto serving = std::async(std::launch::async,
-                              [handle = endpoint.handle]
-                              {
-                                  WzTvoTransport transport = MakeTransport(handle, WzInfinite);
-                                  Letter request(80, 70000);
-                                  int result = XoOk;
-                                  while (result != XoObjectGone)
-                                  {
-                                      request.Head().size = 80;
-                                      request.arena.end = request.arena.start +
-                                                          (request.bytes[24] == 1 ? 0 : 60000);
-                                      result = Receive(transport, request);
-                                      if (result == XoOk && request.bytes[24] == 9)
-                                      {
-                                          Reply(transport, request);
-                                      }
-                                  }
-                              });
-    Client innocent("hostile");
-    std::size_t offences = 0;
+    for (const auto& [what, descriptor] : foreign)
+    {
+        rows.push_back({std::string("arena: ") + what,
+                        {Packet{.flags = 1, .arenaBytes = 70000}},
+                        {descriptor.Get()}});
+        rows.push_back({std::string("handle: ") + what,
+                        {Packet{.handles = 1, .mask = 1}},
+                        {descriptor.Get()}});
+    }
     for (const Row& row : rows)
     {
-        SCOPED_TRACE(row.what);
-        RawSocket raw = RawSocket::ConnectedTo("connections/hostile");
-        for (const std::string& packet : row.packets)
+        const auto misbehave = [&row](Loot&)
         {
-            raw.Send(packet, row.descriptors);
-        }
-        EXPECT_EQ(raw.Read(), "");
-        EXPECT_EQ(log.Count("uid"), ++offences);
-        EXPECT_EQ(log.Count("pid " + std::to_string(::getpid())), offences);
-        Letter request;
-        request.bytes[24] = 9;
-        Letter response;
-        EXPECT_EQ(Call(innocent.transport, request, response), XoOk);
+            for (int i = 0; i < 50 && !HasFailure(); ++i)
+            {
+                const RawSocket raw = RawSocket::ConnectedTo(row.place);
+                for (const std::string& packet : row.packets)
+                {
+                    raw.Send(packet, row.descriptors);
+                }
+                while (!raw.Read().empty())
+                {}
+            }
+        };
+        Suffer({row.what, misbehave, 1});
     }
-    XoHandleClose(endpoint.handle);
-    serving.get();
 }
 
-TEST_F(Hostile, AHandleThatIsNoEventObjectCostsTheConnection)
+TEST_F(Hostile, RandomChangesToPacketsHurtNobody)
 {
-    LogLines log;
-    Endpoint endpoint("wrong-handle");
-    RawSocket raw = RawSocket::ConnectedTo("connections/wrong-handle");
-    const Descriptor null(::open("/dev/null", O_RDWR | O_CLOEXEC));
-    raw.Send(RequestWithHandle(), {null.Get()});
-    WzTvoSetTransportTimeouts(&endpoint.transport, 20, 0);
-    Letter request;
-    request.SetHandles(1);
-    EXPECT_EQ(Receive(endpoint.transport, request), WzTimedOut);
+    const auto misbehave = [](Loot&)
+    {
+        std::mt19937 random(1);  // NOLINT(cert-msc51-cpp): the same ones every time
+        for (int i = 0; i < 2000; ++i)
+        {
+            const bool direct = i % 2 == 0;
+            std::string packet = direct ? Sound : AskFor(ServerProcess::Service);
+            for (unsigned changes = random() % 4; changes > 0; --changes)
+            {
+                packet[random() % (sizeof(Frame) + sizeof(wz_message))] ^= char(random());
+            }
+            packet.resize(random() % 8 == 0 ? random() % packet.size() : packet.size());
+            const RawSocket raw = RawSocket::ConnectedTo(direct ? Direct : Asking);
+            raw.Send(packet);
+            raw.Read();
+        }
+    };
+    Suffer({"random", misbehave, 1});
+}
+
+/// Connects so many times and keeps the connections.
+auto Crowding(const std::string& place, int count, const std::string& words = "")
+{
+    return [=](Loot& loot)
+    {
+        for (int i = 0; i < count; ++i)
+        {
+            Connect(loot, place, words);
+        }
+    };
+}
+
+auto DroppingInALoop(const std::string& place)
+{
+    return [=](Loot&)
+    {
+        for (int i = 0; i < 3000; ++i)
+        {
+            RawSocket::ConnectedTo(place);
+        }
+    };
+}
+
+void BeDeaf(Loot& loot)
+{
+    Packet packet{.arena = std::string(60000, 'x')};
+    for (const RawSocket& raw = Connect(loot, Direct); raw.TrySend(packet);)
+    {
+        ++packet.sequence;
+    }
+}
+
+void SpeakTwice(Loot& loot)
+{
+    const RawSocket& raw = Connect(loot, Asking, AskFor("nothing"));
+    raw.Send(AskFor("nothing"));
     EXPECT_EQ(raw.Read(), "");
-    EXPECT_EQ(log.Count("no event object"), 1U);
 }
 
-TEST_F(Hostile, AFloodOfBrokenFramesDoesNotHoldTheReceiver)
+void StaySilentUntilClosed(Loot& loot)
 {
-    LogLines log;
-    Endpoint endpoint("flood");
+    const auto start = Clock::now();
+    Crowding(Asking, 1000)(loot);
+    for (const RawSocket& raw : loot)
+    {
+        EXPECT_EQ(raw.Read(), "");
+    }
+    EXPECT_GT(Clock::now() - start, milliseconds(5000)) << "nobody waits for the last places";
+}
+
+/// Dies when it has said these words, or when an answer to them has come.
+auto Dying(const std::string& place, const std::string& words, bool answered = false)
+{
+    return [=](Loot& loot)
+    {
+        const RawSocket& raw = Connect(loot, place, words);
+        if (answered)
+        {
+            raw.Await();
+        }
+        ::raise(SIGKILL);
+    };
+}
+
+TEST_F(Hostile, ClientsThatHoldOnOrDieHurtNobody)
+{
+    rlimit limit{};
+    ::getrlimit(RLIMIT_NOFILE, &limit);
+    if (limit.rlim_cur < 3000)
+    {
+        GTEST_SKIP() << "too few descriptors";
+    }
+    const std::string ask = AskFor(ServerProcess::Service);
+    const std::string kill = Packet{.mid = ServerProcess::KillCaller};
+    const std::vector<Offender> rows{
+        {"made and dropped in a tight loop", DroppingInALoop(Direct)},
+        {"made and dropped before it says what it wants", DroppingInALoop(Asking)},
+        {"never reads its replies", BeDeaf, 1},
+        {"speaks again before the verdict", SpeakTwice, 1},
+        {"200 ask for what nobody offers", Crowding(Asking, 200, AskFor("nothing"))},
+        {"1000 are silent", Crowding(Direct, 1000)},
+        {"1000 do not say what they want", StaySilentUntilClosed, 1},
+        {"all descriptors are used", Crowding(Direct, 40, Sound), 1, 0, 20},
+        {"all descriptors are used by silent ones", Crowding(Asking, 40), 1, 0, 20},
+        {"killed when it is connected", Dying(Direct, ""), 0, -SIGKILL},
+        {"killed when it has asked", Dying(Asking, ask), 0, -SIGKILL},
+        {"killed when it is let in", Dying(Asking, ask, true), 0, -SIGKILL},
+        {"killed when it has called", Dying(Direct, Sound), 0, -SIGKILL},
+        {"killed while it is served", Dying(Direct, kill, true), 0, -SIGKILL},
+        {"killed when its reply has come", Dying(Direct, Sound, true), 0, -SIGKILL},
+    };
+    for (const Offender& row : rows)
+    {
+        Suffer(row);
+    }
+}
+
+TEST_F(Hostile, WithoutMemoryNobodyHangsOrGetsAWrongAnswer)
+{
+    const ServerProcess server;
+    Client innocent(ServerProcess::Name);
+    ServerProcess::ExpectServed(innocent.transport, ServerProcess::BeWithoutMemory);
+    for (int i = 0; i < 20; ++i)
+    {
+        Client newcomer(ServerProcess::Name);
+        Letter request;
+        request.bytes[79] = 9;
+        Letter response;
+        const int result = Call(newcomer.transport, request, response);
+        EXPECT_TRUE(result == XoOk ? response.bytes[79] == 9 : result == XoObjectGone) << result;
+    }
+    std::uint32_t handle = 0;
+    std::uint32_t riid = 0;
+    EXPECT_EQ(XoCmConnect(ServerProcess::Entity, "offered", 5000, &handle, &riid), XoObjectGone);
+}
+
+TEST_F(Hostile, AFloodOfConnectionsDoesNotHoldTheReceiver)
+{
+    Endpoint endpoint(ServerProcess::Name);
+    Child flood(
+        []
+        {
+            for (Loot loot;;)
+            {
+                DroppingInALoop(Direct)(loot);
+            }
+            return 0;
+        });
     WzTvoSetTransportTimeouts(&endpoint.transport, 50, 0);
-    std::atomic<bool> stop = false;
-    std::thread flood(
+    for (int i = 0; i < 5; ++i)
+    {
+        Letter request;
+        const auto start = Clock::now();
+        EXPECT_EQ(Receive(endpoint.transport, request), WzTimedOut);
+        EXPECT_LT(Clock::now() - start, milliseconds(3000));
+    }
+}
+
+/// A server in a process of its own that listens and then does as it likes.
+struct HostileServer
+{
+    std::string what;
+    int expected;  ///< with one line when it is `XoBroken`
+    std::function<void(const RawSocket& listening)> misbehave;
+    std::uint32_t limit = ServerProcess::Bound;
+};
+
+void Face(const HostileServer& row, const std::string& place, int (*call)(std::uint32_t limit))
+{
+    SCOPED_TRACE(row.what);
+    LogLines::Clear();
+    const Signal ready;
+    Child server(
         [&]
         {
-            const sockaddr_un address = AddressOf("connections/flood");
-            while (!stop)
-            {
-                // Fails while the backlog is full.
-                const RawSocket raw(
-                    ::socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
-                const auto* generic = reinterpret_cast<const sockaddr*>(&address);
-                if (::connect(raw.Get(), generic, sizeof address) == 0)
-                {
-                    ::send(raw.Get(), "x", 1, MSG_NOSIGNAL);
-                }
-            }
+            const RawSocket listening = RawSocket::ListeningAs(place);
+            ready.Give();
+            row.misbehave(listening);
+            return 0;
         });
-    Letter request;
-    const auto start = Clock::now();
-    EXPECT_EQ(Receive(endpoint.transport, request), WzTimedOut);
-    EXPECT_LT(Clock::now() - start, milliseconds(5000));
-    stop = true;
-    flood.join();
+    ready.Await();
+    EXPECT_EQ(call(row.limit), row.expected);
+    EXPECT_EQ(LogLines::Count(), row.expected == XoBroken ? 1U : 0U) << LogLines::Text();
+    server.Wait();
+    ::unlink(SocketPath(place).c_str());
 }
 
-TEST_F(Hostile, ACallerThatDoesNotReadLosesItsConnection)
+/// Answers what the client says with a packet and descriptors.
+auto Answering(const std::string& packet, const std::vector<int>& descriptors = {})
 {
-    LogLines log;
-    Endpoint endpoint("deaf");
-    RawSocket raw = RawSocket::ConnectedTo("connections/deaf");
-    Letter request(80, 60000);
-    Letter response(80, 60000);
-    response.arena.current = response.arena.end;
-    int result = XoOk;
-    for (std::uint64_t sequence = 1; result == XoOk && sequence < 100; ++sequence)
+    return [=](const RawSocket& listening)
     {
-        raw.Send(RequestWith(sequence, 0));
-        request.Head().size = 80;
-        ASSERT_EQ(Receive(endpoint.transport, request), XoOk);
-        result = Reply(endpoint.transport, response);
-    }
-    EXPECT_EQ(result, XoObjectGone);
-    EXPECT_EQ(log.Count("does not read"), 1U);
-}
-
-TEST_F(Hostile, ServersThatAnswerNonsenseCostTheirClientOneCall)
-{
-    const auto reply = [](std::uint64_t sequence)
-    {
-        RawPacket packet(FrameKind::Reply);
-        packet.frame.sequence = sequence;
-        return packet.Bytes();
-    };
-    struct Row
-    {
-        const char* what;
-        std::vector<std::string> packets;
-        int expected;
-    };
-    RawPacket tooLarge(FrameKind::Reply, 81);
-    tooLarge.frame.sequence = 1;
-    for (const Row& row : {Row{"sound", {reply(1)}, XoOk},
-                           Row{"garbage", {"garbage"}, XoBroken},
-                           Row{"empty", {""}, XoBroken},
-                           Row{"a request", {RawPacket().Bytes()}, XoBroken},
-                           Row{"to a call not made yet", {reply(2)}, XoBroken},
-                           Row{"to no call", {reply(0)}, XoBroken},
-                           Row{"too large", {tooLarge.Bytes()}, XoBroken}})
-    {
-        SCOPED_TRACE(row.what);
-        LogLines log;
-        const RawSocket listening = RawSocket::ListeningAs("connections/nonsense");
-        Client client("nonsense");
         const RawSocket server = listening.Accept();
-        auto calling = std::async(std::launch::async,
-                                  [&]
-                                  {
-                                      Letter request;
-                                      Letter response;
-                                      return Call(client.transport, request, response);
-                                  });
-        EXPECT_EQ(server.Read().size(), sizeof(Frame) + 80);
-        for (const std::string& packet : row.packets)
-        {
-            server.Send(packet);
-        }
-        EXPECT_EQ(calling.get(), row.expected);
-        EXPECT_EQ(log.Count(), row.expected == XoOk ? 0U : 1U);
-        ::unlink(SocketPath("connections/nonsense").c_str());
+        EXPECT_GT(server.Read().size(), sizeof(Frame));
+        server.Send(packet, descriptors);
+        server.Read();
+    };
+}
+
+auto Replying(Packet packet, const std::vector<int>& descriptors = {})
+{
+    packet.kind = FrameKind::Reply;
+    return Answering(packet, descriptors);
+}
+
+auto Telling(int verdict)
+{
+    return Answering(Packet{.kind = FrameKind::Verdict,
+                            .messageBytes = 32,
+                            .fields = {static_cast<std::uint32_t>(verdict), 1}});
+}
+
+void BeSilent(const RawSocket& listening)
+{
+    const RawSocket server = listening.Accept();
+    while (!server.Read().empty())
+    {}
+}
+
+auto DyingAfter(int steps, const std::string& words = "")
+{
+    return [=](const RawSocket& listening)
+    {
+        listening.Await();
+        const RawSocket server = steps > 0 ? listening.Accept() : RawSocket();
+        EXPECT_TRUE(steps < 2 || !server.Read().empty());
+        EXPECT_TRUE(words.empty() || server.TrySend(words));
+        ::raise(SIGKILL);
+    };
+}
+
+TEST_F(Hostile, ServersCostTheirClientOneCall)
+{
+    const auto foreign = MakeForeignDescriptors();
+    const int zero = foreign.back().second.Get();
+    const Descriptor large = MakeArenaFile(std::vector<unsigned char>(90000).data(), 90000);
+    std::vector<HostileServer> rows{
+        {"sound", XoOk, Replying({})},
+        {"garbage", XoBroken, Answering("garbage")},
+        {"empty", XoBroken, Answering("")},
+        {"cut", XoBroken, Answering(Reply.substr(0, 100))},
+        {"a request", XoBroken, Answering(Sound)},
+        {"to a call not made yet", XoBroken, Replying({.sequence = 2})},
+        {"to no call", XoBroken, Replying({.sequence = 0})},
+        {"too large", XoBroken, Replying({.messageBytes = 81})},
+        {"a larger arena than was sent", XoBroken, Replying({.arenaBytes = 9})},
+        {"arena too large", XoBroken, Replying({.flags = 1, .arenaBytes = 90000}, {large.Get()})},
+        {"handle beyond the count", XoBroken, Replying({.handles = 1, .mask = 2}, {zero})},
+        {"handle nobody asked for", XoBroken, Replying({.handles = 1, .mask = 1}, {zero})},
+        {"twenty descriptors", XoBroken, Replying({}, std::vector<int>(20, zero))},
+        {"silent", WzTimedOut, BeSilent, 100},
+        {"killed before it accepts", XoObjectGone, DyingAfter(0)},
+        {"killed before it receives", XoObjectGone, DyingAfter(1)},
+        {"killed before it replies", XoObjectGone, DyingAfter(2)},
+        {"killed after its reply", XoOk, DyingAfter(2, Reply)},
+    };
+    for (const auto& [what, descriptor] : foreign)
+    {
+        rows.push_back(
+            {what, XoBroken, Replying({.flags = 1, .arenaBytes = 70000}, {descriptor.Get()})});
+    }
+    const auto call = [](std::uint32_t limit)
+    {
+        Client client("rude");
+        WzTvoSetTransportTimeouts(&client.transport, 0, limit);
+        Letter request;
+        Letter response(80, 80000);
+        const int result = Call(client.transport, request, response);
+        const bool broken = result == XoBroken;
+        EXPECT_TRUE(!broken || Call(client.transport, request, response) == XoObjectGone);
+        return result;
+    };
+    for (const HostileServer& row : rows)
+    {
+        Face(row, "connections/rude", call);
+    }
+}
+
+TEST_F(Hostile, ServersInTheHandshakeGiveACode)
+{
+    const HostileServer rows[] = {
+        {"garbage", XoBroken, Answering("garbage")},
+        {"a reply", XoBroken, Answering(Reply)},
+        {"a code with a meaning", XoRefused, Telling(-11)},
+        {"gone, it says", XoRefused, Telling(XoObjectGone)},
+        {"silent", XoTimedOut, BeSilent, 100},
+        {"killed before it accepts", XoObjectGone, DyingAfter(0)},
+        {"killed before it reads", XoObjectGone, DyingAfter(1)},
+        {"killed before its verdict", XoObjectGone, DyingAfter(2)},
+    };
+    const auto connect = [](std::uint32_t limit)
+    {
+        std::uint32_t handle = 0;
+        std::uint32_t riid = 0;
+        return XoCmConnect("rude", "service", limit, &handle, &riid);
+    };
+    for (const HostileServer& row : rows)
+    {
+        Face(row, "servers/rude", connect);
     }
 }
 
 TEST_F(Hostile, LateRepliesAreOnePerAbandonedCall)
 {
-    LogLines log;
     const RawSocket listening = RawSocket::ListeningAs("connections/late");
     Client client("late");
     const RawSocket server = listening.Accept();
@@ -256,60 +494,21 @@ TEST_F(Hostile, LateRepliesAreOnePerAbandonedCall)
     Letter request;
     Letter response;
     EXPECT_EQ(Call(client.transport, request, response), WzTimedOut);
-    RawPacket late(FrameKind::Reply);
-    server.Send(late.Bytes());
-    server.Send(late.Bytes());
+    server.Send(Reply);
+    server.Send(Reply);
     EXPECT_EQ(Call(client.transport, request, response), XoBroken);
-    EXPECT_EQ(log.Count("more replies than calls"), 1U);
     ::unlink(SocketPath("connections/late").c_str());
-}
-
-TEST_F(Hostile, ServersThatMisbehaveInTheHandshakeGiveACode)
-{
-    struct Row
-    {
-        const char* what;
-        std::function<void(RawSocket&)> answer;
-        int expected;
-    };
-    for (const Row& row :
-         {Row{"gone", [](RawSocket& server) { server.Close(); }, XoObjectGone},
-          Row{"garbage", [](RawSocket& server) { server.Send("garbage"); }, XoBroken},
-          Row{"a code with a meaning",
-              [](RawSocket& server) { SendVerdict(server.Get(), -11, 1); },
-              XoRefused},
-          Row{"gone, it says",
-              [](RawSocket& server) { SendVerdict(server.Get(), XoObjectGone, 1); },
-              XoRefused},
-          Row{"silent", [](RawSocket&) {}, XoTimedOut}})
-    {
-        SCOPED_TRACE(row.what);
-        LogLines log;
-        const RawSocket listening = RawSocket::ListeningAs("servers/rude");
-        auto connecting = std::async(std::launch::async,
-                                     []
-                                     {
-                                         std::uint32_t handle = 0;
-                                         std::uint32_t riid = 0;
-                                         return XoCmConnect("rude", "service", 200, &handle, &riid);
-                                     });
-        RawSocket server = listening.Accept();
-        EXPECT_GT(server.Read().size(), sizeof(Frame));
-        row.answer(server);
-        EXPECT_EQ(connecting.get(), row.expected);
-        ::unlink(SocketPath("servers/rude").c_str());
-    }
 }
 
 TEST_F(Hostile, AForeignSetterCanOnlySetBits)
 {
     int ends[2];
     ASSERT_EQ(::socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, ends), 0);
-    RawSocket setter(ends[0]);
+    const RawSocket setter(ends[0]);
     Descriptor waiter(ends[1]);
     Endpoint endpoint("setter");
-    RawSocket raw = RawSocket::ConnectedTo("connections/setter");
-    raw.Send(RequestWithHandle(), {waiter.Get()});
+    const RawSocket raw = RawSocket::ConnectedTo("connections/setter");
+    raw.Send(Packet{.handles = 1, .mask = 1}, {waiter.Get()});
     waiter.Reset();
     Letter request;
     request.SetHandles(1);
@@ -320,17 +519,33 @@ TEST_F(Hostile, AForeignSetterCanOnlySetBits)
     ASSERT_EQ(XoNoticeSubscribeToObject(notice, handle, ~0U, 1), XoOk);
     EventDesc event{};
     unsigned long received = 0;
-    setter.Send("xyz");
-    setter.Send("a longer text");
-    const std::uint32_t closedBit = XoEventClosed;
-    setter.Send(std::string(reinterpret_cast<const char*>(&closedBit), sizeof closedBit));
+    const std::uint32_t bits[] = {XoEventClosed, 0x10000};
+    const std::string masks(reinterpret_cast<const char*>(bits), sizeof bits);
+    for (const std::string& packet : {std::string("xyz"), masks, masks.substr(0, 4)})
+    {
+        setter.Send(packet);
+    }
     EXPECT_EQ(XoNoticeGetEvent(notice, 20, 1, &event, &received), XoTimedOut);
-    const std::uint32_t bits = 0x10000;
-    setter.Send(std::string(reinterpret_cast<const char*>(&bits), sizeof bits));
+    setter.Send(masks.substr(4));
     ASSERT_EQ(XoNoticeGetEvent(notice, 5000, 1, &event, &received), XoOk);
-    EXPECT_EQ(event.events, bits);
+    EXPECT_EQ(event.events, bits[1]);
     XoNoticeRelease(notice);
     EXPECT_EQ(XoHandleClose(handle), XoOk);
+}
+
+TEST(OffenceFilter, TellsTheFirstLineAndThenOneAnInterval)
+{
+    OffenceFilter filter;
+    const auto start = OffenceFilter::Clock::now();
+    EXPECT_EQ(filter.Admit(1, start), 0U);
+    EXPECT_EQ(filter.Admit(2, start), 0U);
+    EXPECT_EQ(filter.Admit(1, start), std::nullopt);
+    EXPECT_EQ(filter.Admit(1, start + OffenceFilter::Interval), 1U);
+    EXPECT_EQ(filter.Admit(2, start + OffenceFilter::Interval), 0U);
+    for (std::uint32_t pid = 3; pid < 100; ++pid)
+    {
+        EXPECT_EQ(filter.Admit(pid, start + OffenceFilter::Interval), 0U);
+    }
 }
 
 }  // namespace

@@ -1,21 +1,24 @@
 #pragma once
 
+#include <atomic>
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <functional>
-#include <mutex>
+#include <optional>
 #include <string>
 #include <vector>
 
-#include <dirent.h>
 #include <fcntl.h>
+#include <poll.h>
+#include <sys/mman.h>
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <shared/ipc_utils/publish.h>
 #include <tvo/platform_log.h>
 
 #include "descriptor.h"
@@ -24,72 +27,57 @@
 
 namespace platform::tests {
 
-/// The lines that the platform writes while this object lives.
+/// The lines that the platform writes while this object lives, in this process and in those that
+/// it forks.
 class LogLines
 {
 public:
     LogLines()
     {
-        Clear();
-        TvoPlatformSetLog(
-            [](TvoPlatformLogLevel, const char* text)
-            {
-                const std::lock_guard lock(Mutex());
-                Lines().emplace_back(text);
-            });
+        s_file = ::memfd_create("log", MFD_CLOEXEC);
+        TvoPlatformSetLog([](TvoPlatformLogLevel, const char* text)
+                          { ::dprintf(s_file, "%s\n", text); });
     }
 
     ~LogLines()
     {
         TvoPlatformSetLog(nullptr);
+        ::close(s_file.exchange(-1));
     }
 
-    void Clear()
+    static void Clear()
     {
-        const std::lock_guard lock(Mutex());
-        Lines().clear();
+        EXPECT_TRUE(::ftruncate(s_file, 0) == 0 && ::lseek(s_file, 0, SEEK_SET) == 0);
     }
 
-    std::size_t Count(const std::string& part) const
+    static std::string Text()
     {
-        const std::lock_guard lock(Mutex());
+        std::string text(100'000, '\0');
+        text.resize(static_cast<std::size_t>(::pread(s_file, text.data(), text.size(), 0)));
+        return text;
+    }
+
+    /// Lines, or occurrences of something that comes once a line.
+    static std::size_t Count(const std::string& part = "\n")
+    {
+        const std::string text = Text();
         std::size_t count = 0;
-        for (const auto& line : Lines())
+        for (std::size_t at = text.find(part); at != std::string::npos;
+             at = text.find(part, at + 1))
         {
-            count += line.find(part) != std::string::npos;
+            ++count;
         }
         return count;
     }
 
-    std::size_t Count() const
-    {
-        return Count("");
-    }
-
 private:
-    static std::mutex& Mutex()
-    {
-        static std::mutex mutex;
-        return mutex;
-    }
-
-    static std::vector<std::string>& Lines()
-    {
-        static std::vector<std::string> lines;
-        return lines;
-    }
+    static inline std::atomic<int> s_file = -1;
 };
 
-inline std::size_t CountDescriptors()
+inline std::size_t CountDescriptors(const std::string& process = "self")
 {
-    std::size_t count = 0;
-    DIR* directory = ::opendir("/proc/self/fd");
-    while (::readdir(directory) != nullptr)
-    {
-        ++count;
-    }
-    ::closedir(directory);
-    return count;
+    const std::filesystem::directory_iterator entries("/proc/" + process + "/fd");
+    return static_cast<std::size_t>(std::distance(begin(entries), end(entries)));
 }
 
 /// Tests that end with as many open descriptors as they began with.
@@ -120,15 +108,6 @@ inline std::string SocketPath(const std::string& name)
     return std::string(std::getenv("TVO_RUNTIME_DIR")) + "/" + name + ".sock";
 }
 
-inline sockaddr_un AddressOf(const std::string& name)
-{
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    const std::string path = SocketPath(name);
-    path.copy(address.sun_path, sizeof address.sun_path - 1);
-    return address;
-}
-
 /// A socket whose owner keeps to no rules.
 class RawSocket
 {
@@ -139,20 +118,13 @@ public:
     /// @param name  "connections/NAME" or "servers/NAME"
     static RawSocket ConnectedTo(const std::string& name)
     {
-        RawSocket raw;
-        const sockaddr_un address = AddressOf(name);
-        EXPECT_EQ(::connect(raw.Get(), reinterpret_cast<const sockaddr*>(&address), sizeof address),
-                  0);
-        return raw;
+        return Made(name, &::connect);
     }
 
     static RawSocket ListeningAs(const std::string& name)
     {
-        RawSocket raw;
-        const sockaddr_un address = AddressOf(name);
-        ::unlink(address.sun_path);
-        EXPECT_EQ(::bind(raw.Get(), reinterpret_cast<const sockaddr*>(&address), sizeof address),
-                  0);
+        ::unlink(SocketPath(name).c_str());
+        RawSocket raw = Made(name, &::bind);
         EXPECT_EQ(::listen(raw.Get(), 5), 0);
         return raw;
     }
@@ -168,6 +140,11 @@ public:
     }
 
     void Send(const std::string& bytes, const std::vector<int>& descriptors = {}) const
+    {
+        EXPECT_TRUE(TrySend(bytes, descriptors)) << std::strerror(errno);
+    }
+
+    bool TrySend(const std::string& bytes, const std::vector<int>& descriptors = {}) const
     {
         iovec data{const_cast<char*>(bytes.data()), bytes.size()};
         alignas(cmsghdr) std::array<char, CMSG_SPACE(64 * sizeof(int))> control{};
@@ -185,15 +162,23 @@ public:
             rights->cmsg_len = CMSG_LEN(size);
             std::memcpy(CMSG_DATA(rights), descriptors.data(), size);
         }
-        EXPECT_GE(::sendmsg(Get(), &message, MSG_NOSIGNAL), 0) << std::strerror(errno);
+        return ::sendmsg(Get(), &message, MSG_NOSIGNAL) >= 0;
+    }
+
+    /// Waits for a packet, the end, or the next client of a listening socket.
+    void Await() const
+    {
+        pollfd state{Get(), POLLIN, 0};
+        EXPECT_EQ(::poll(&state, 1, 15'000), 1) << "nothing comes";
     }
 
     /// Waits for a packet.
     /// @returns an empty text when the other side has ended the connection
     std::string Read() const
     {
+        Await();
         std::string bytes(100'000, '\0');
-        const ssize_t size = ::recv(Get(), bytes.data(), bytes.size(), 0);
+        const ssize_t size = ::recv(Get(), bytes.data(), bytes.size(), MSG_DONTWAIT);
         bytes.resize(size > 0 ? static_cast<std::size_t>(size) : 0);
         return bytes;
     }
@@ -204,44 +189,94 @@ public:
     }
 
 private:
+    using Operation = int (*)(int, const sockaddr*, socklen_t);
+
+    static RawSocket Made(const std::string& name, Operation operation)
+    {
+        RawSocket raw;
+        sockaddr_un address{AF_UNIX, {}};
+        SocketPath(name).copy(address.sun_path, sizeof address.sun_path - 1);
+        const auto* generic = reinterpret_cast<const sockaddr*>(&address);
+        EXPECT_EQ(operation(raw.Get(), generic, sizeof address), 0) << std::strerror(errno);
+        return raw;
+    }
+
     Descriptor m_socket;
 };
 
-/// A packet to begin with; each broken one changes something in it.
-struct RawPacket
+/// A packet, sound unless told otherwise. Its message is zero but for what is said here.
+struct Packet
 {
-    explicit RawPacket(FrameKind kind = FrameKind::Request, std::size_t messageBytes = 80)
-        : frame{FrameMagic, kind, 0, 0, 1, 0, static_cast<std::uint32_t>(messageBytes), 0},
-          message(messageBytes, '\0')
-    {
-        SetSizeWord(static_cast<std::uint32_t>(messageBytes));
-    }
+    FrameKind kind = FrameKind::Request;
+    std::uint32_t messageBytes = 80;
+    std::optional<std::uint32_t> sizeWord = {};  ///< that of the message, without handles
+    std::uint32_t handles = 0;
+    std::uint8_t mask = 0;
+    std::uint16_t flags = 0;
+    std::uint64_t sequence = 1;
+    std::uint64_t acknowledged = 0;
+    std::uint16_t mid = 0;
+    std::array<std::uint32_t, 2> fields = {};  ///< the last ones of the message
+    std::string arena = {};
+    std::optional<std::uint32_t> arenaBytes = {};  ///< that of the arena
+    std::uint32_t magic = FrameMagic;
 
-    void SetSizeWord(std::uint32_t word)
+    operator std::string() const  // NOLINT(google-explicit-constructor): it is what is sent
     {
-        std::memcpy(message.data() + offsetof(wz_message, size), &word, sizeof word);
-    }
-
-    std::string Bytes() const
-    {
+        const auto arenaSize = static_cast<std::uint32_t>(arena.size());
+        const Frame frame{magic,
+                          kind,
+                          mask,
+                          flags,
+                          sequence,
+                          acknowledged,
+                          messageBytes,
+                          arenaBytes.value_or(arenaSize)};
+        std::string message(messageBytes, '\0');
+        const wz_message header{
+            0, mid, sizeWord.value_or(messageBytes) | handles << WzMessageHandleCountShift, {}};
+        std::memcpy(message.data() + message.size() - sizeof fields, &fields, sizeof fields);
+        std::memcpy(message.data(), &header, std::min(sizeof header, message.size()));
         return std::string(reinterpret_cast<const char*>(&frame), sizeof frame) + message + arena;
     }
-
-    Frame frame;
-    std::string message;
-    std::string arena;
 };
+
+/// A request for a connection.
+/// @param extra  added to the size that is told of the service's name
+inline std::string AskFor(const std::string& service,
+                          const std::string& client = "raw",
+                          std::uint32_t extra = 0)
+{
+    return Packet{.kind = FrameKind::Connect,
+                  .messageBytes = 32,
+                  .fields = {static_cast<std::uint32_t>(service.size()) + extra,
+                             static_cast<std::uint32_t>(client.size())},
+                  .arena = service + client};
+}
+
+/// Takes the entity's name and publishes a service, once in a process. The interface is named like
+/// the entity.
+inline bool PublishAs(const char* entity, const char* service)
+{
+    const TvoComponentTree tree{entity, nullptr, 0, nullptr, 0};
+    return TvoTaskSetComponentTree(TvoTaskGetSelf(), &tree) == XoOk &&
+           shared::ipc_utils::TryPublishService(entity, service);
+}
 
 /// A forked process. Fork before the test starts threads.
 class Child
 {
 public:
-    /// @param work  its result is the exit status
-    explicit Child(const std::function<int()>& work) : m_pid(::fork())
+    /// @param work  its result is the exit status; not 0 either when something was not as expected
+    explicit Child(const std::function<int()>& work)
     {
+        const bool failedBefore = testing::Test::HasFailure();
+        m_pid = ::fork();
         if (m_pid == 0)
         {
-            ::_exit(work());
+            const int status = work();
+            const bool failed = testing::Test::HasFailure() && !failedBefore;
+            ::_exit(status == 0 && failed ? 99 : status);
         }
     }
 
@@ -267,13 +302,20 @@ public:
         return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
     }
 
+    bool HasEnded() const
+    {
+        siginfo_t info{};
+        ::waitid(P_PID, static_cast<id_t>(m_pid), &info, WEXITED | WNOHANG | WNOWAIT);
+        return info.si_pid != 0;
+    }
+
     pid_t Pid() const
     {
         return m_pid;
     }
 
 private:
-    pid_t m_pid;
+    pid_t m_pid = -1;
 };
 
 /// Lets one process wait for another.
@@ -282,28 +324,31 @@ class Signal
 public:
     Signal()
     {
-        EXPECT_EQ(::pipe2(m_ends, O_CLOEXEC), 0);
-    }
-
-    ~Signal()
-    {
-        ::close(m_ends[0]);
-        ::close(m_ends[1]);
+        int ends[2] = {-1, -1};
+        EXPECT_EQ(::socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, ends), 0);
+        m_awaiting = RawSocket(ends[0]);
+        m_giving = RawSocket(ends[1]);
     }
 
     void Give() const
     {
-        EXPECT_EQ(::write(m_ends[1], "x", 1), 1);
+        m_giving.Send("x");
     }
 
     void Await() const
     {
-        char byte = 0;
-        EXPECT_EQ(::read(m_ends[0], &byte, 1), 1);
+        EXPECT_EQ(m_awaiting.Read(), "x");
+    }
+
+    bool IsGiven() const
+    {
+        pollfd state{m_awaiting.Get(), POLLIN, 0};
+        return ::poll(&state, 1, 0) > 0;
     }
 
 private:
-    int m_ends[2] = {-1, -1};
+    RawSocket m_awaiting{-1};
+    RawSocket m_giving{-1};
 };
 
 }  // namespace platform::tests

@@ -1,10 +1,10 @@
 // Processes that come and go, and limits that are reached.
 
 #include <ctime>
+#include <future>
 #include <set>
 
 #include <gmock/gmock.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 #include <shared/ipc_utils/publish.h>
@@ -12,7 +12,7 @@
 #include "descriptor_limit.h"
 #include "endpoint.h"
 #include "handle_table.h"
-#include "linux_support.h"
+#include "server_process.h"
 
 namespace platform::tests {
 namespace {
@@ -20,151 +20,107 @@ namespace {
 using Processes = LinuxTest;
 using Limits = LinuxTest;
 
-/// The interface is named like the entity.
-bool PublishAs(const char* entity, const char* service)
-{
-    const TvoComponentTree tree{entity, nullptr, 0, nullptr, 0};
-    TvoTaskSetComponentTree(TvoTaskGetSelf(), &tree);
-    return shared::ipc_utils::TryPublishService(entity, service);
-}
-
 TEST_F(Processes, ServerIsFoundWhileItLivesAndItsNameIsFreeAfterwards)
 {
-    LogLines log;
-    Signal ready;
-    Child server(
-        [&]
-        {
-            const bool published = PublishAs("vx.tests.Mortal", "one service");
-            ready.Give();
-            ::pause();
-            return published ? 0 : 1;
-        });
-    ready.Await();
-    const auto found = shared::ipc_utils::FindConnectionTargetForType("vx.tests.Mortal", 5000);
-    ASSERT_TRUE(found);
-    EXPECT_STREQ(found->first.data(), "vx.tests.Mortal");
-    EXPECT_STREQ(found->second.data(), "one service");
-
-    Child rival([] { return PublishAs("vx.tests.Mortal", "another") ? 0 : 1; });
-    EXPECT_EQ(rival.Wait(), 1) << "the name is held";
-    server.Kill();
-    EXPECT_FALSE(shared::ipc_utils::FindConnectionTargetForType("vx.tests.Mortal", 0));
+    using shared::ipc_utils::FindConnectionTargetForType;
+    constexpr const char* Entity = ServerProcess::Entity;
+    const LogLines log;
+    {
+        const ServerProcess server;
+        const auto found = FindConnectionTargetForType(Entity, 5000);
+        ASSERT_TRUE(found);
+        EXPECT_STREQ(found->first.data(), Entity);
+        EXPECT_STREQ(found->second.data(), ServerProcess::Service);
+        Child rival([] { return PublishAs(Entity, "another") ? 0 : 1; });
+        EXPECT_EQ(rival.Wait(), 1) << "the name is held";
+    }
+    EXPECT_FALSE(FindConnectionTargetForType(Entity, 0));
     std::uint32_t handle = 0;
     std::uint32_t riid = 0;
-    EXPECT_EQ(XoCmConnect("vx.tests.Mortal", "one service", WzInfinite, &handle, &riid),
-              XoObjectGone)
+    EXPECT_EQ(XoCmConnect(Entity, ServerProcess::Service, WzInfinite, &handle, &riid), XoObjectGone)
         << "its socket is still there";
-    Child successor([] { return PublishAs("vx.tests.Mortal", "another") ? 0 : 1; });
+    Child successor([] { return PublishAs(Entity, "another") ? 0 : 1; });
     EXPECT_EQ(successor.Wait(), 0);
 }
 
-TEST_F(Processes, ServerThatRepliesAndDiesIsHeard)
+TEST_F(Processes, NobodyIsAskedForCallersThatWereKilledWhileTheyWaited)
 {
-    Signal ready;
-    Child server(
-        [&]
+    Endpoint endpoint("killed");
+    const auto call = [](bool thenDie)
+    {
+        return [thenDie]
         {
-            Endpoint endpoint("last-words");
-            ready.Give();
+            Client client("killed");
+            WzTvoSetTransportTimeouts(&client.transport, 0, thenDie ? 0 : 5000);
             Letter request;
-            Receive(endpoint.transport, request);
-            Reply(endpoint.transport, request);
-            return ::raise(SIGKILL);
-        });
-    ready.Await();
-    Client client("last-words");
+            Letter response;
+            const int result = Call(client.transport, request, response);
+            return thenDie ? ::raise(SIGKILL) : result;
+        };
+    };
+    Child dead(call(true));
+    EXPECT_EQ(dead.Wait(), -SIGKILL);
+    Child living(call(false));
     Letter request;
-    request.bytes[24] = 7;
-    Letter response;
-    EXPECT_EQ(Call(client.transport, request, response), XoOk);
-    EXPECT_EQ(response.bytes[24], 7);
-}
-
-TEST_F(Processes, NobodyIsAskedForACallerKilledWhileItWaits)
-{
-    Endpoint endpoint("killed-client");
-    Signal waiting;
-    Signal may;
-    Child dead(
-        [&]
-        {
-            may.Await();
-            Client client("killed-client");
-            WzTvoSetTransportTimeouts(&client.transport, 0, 0);
-            Letter request;
-            Letter response;
-            for (int i = 0; i < 3; ++i)
-            {
-                Call(client.transport, request, response);
-            }
-            waiting.Give();
-            ::pause();
-            return 0;
-        });
-    Child living(
-        []
-        {
-            Client client("killed-client");
-            Letter request;
-            request.bytes[24] = 1;
-            Letter response;
-            return Call(client.transport, request, response) == XoOk ? 0 : 1;
-        });
-    Letter first;
-    ASSERT_EQ(Receive(endpoint.transport, first), XoOk);
-    EXPECT_EQ(first.bytes[24], 1);
+    ASSERT_EQ(Receive(endpoint.transport, request), XoOk);
     WzTvoPeer peer{};
     EXPECT_EQ(WzTvoTransportGetPeer(&endpoint.transport, &peer), XoOk);
     EXPECT_EQ(peer.pid, static_cast<std::uint32_t>(living.Pid()));
-    may.Give();
-    waiting.Await();
-    dead.Kill();
-    EXPECT_EQ(Reply(endpoint.transport, first), XoOk);
+    EXPECT_EQ(Reply(endpoint.transport, request), XoOk);
     EXPECT_EQ(living.Wait(), 0);
-    WzTvoSetTransportTimeouts(&endpoint.transport, 50, 0);
-    Letter none;
-    EXPECT_EQ(Receive(endpoint.transport, none), WzTimedOut);
 }
 
-TEST_F(Processes, AnotherUserIsTurnedAway)
+/// Opens every door that would stop another user before the port does.
+void OpenDoors(const std::string& socket)
+{
+    const std::filesystem::path folder = std::getenv("TVO_RUNTIME_DIR");
+    for (const auto& door : {folder, folder / "connections", folder / "connections" / socket})
+    {
+        std::filesystem::permissions(door, std::filesystem::perms::all);
+    }
+}
+
+TEST_F(Processes, AnotherUserIsTurnedAwayAsClientAndAsServer)
 {
     if (::geteuid() != 0)
     {
         GTEST_SKIP() << "needs root";
     }
-    LogLines log;
-    Endpoint endpoint("foreign");
-    // Opens every door that would stop such a user before.
-    const std::filesystem::path folder = std::getenv("TVO_RUNTIME_DIR");
-    using std::filesystem::perms;
-    for (const auto& path : {folder, folder / "connections"})
+    constexpr uid_t Nobody = 65534;
+    const LogLines log;
     {
-        std::filesystem::permissions(path, perms::all);
-    }
-    std::filesystem::permissions(SocketPath("connections/foreign"), perms::all);
-    Child foreigner(
-        []
-        {
-            if (::setgid(65534) != 0 || ::setuid(65534) != 0)
+        Endpoint endpoint("foreign");
+        OpenDoors("foreign.sock");
+        Child foreigner(
+            []
             {
-                return 2;
-            }
-            const RawSocket raw = RawSocket::ConnectedTo("connections/foreign");
-            return raw.Read().empty() ? 0 : 1;
+                EXPECT_EQ(::setuid(Nobody), 0);
+                EXPECT_EQ(RawSocket::ConnectedTo("connections/foreign").Read(), "");
+                return 0;
+            });
+        WzTvoSetTransportTimeouts(&endpoint.transport, 50, 0);
+        Letter request;
+        while (!foreigner.HasEnded())
+        {
+            EXPECT_EQ(Receive(endpoint.transport, request), WzTimedOut);
+        }
+        EXPECT_EQ(foreigner.Wait(), 0);
+    }
+    const Signal ready;
+    Child impostor(
+        [&]
+        {
+            EXPECT_EQ(::setuid(Nobody), 0);
+            const RawSocket listening = RawSocket::ListeningAs("connections/foreign");
+            ready.Give();
+            EXPECT_EQ(listening.Accept().Read(), "");
+            return 0;
         });
-    WzTvoSetTransportTimeouts(&endpoint.transport, 50, 0);
-    Letter request;
-    while (log.Count() == 0)
-    {
-        ASSERT_EQ(Receive(endpoint.transport, request), WzTimedOut);
-    }
-    EXPECT_EQ(foreigner.Wait(), 0);
-    EXPECT_EQ(log.Count("uid 65534 closed: it belongs to another user"), 1U);
-    for (const auto& path : {folder, folder / "connections"})
-    {
-        std::filesystem::permissions(path, perms::owner_all);
-    }
+    ready.Await();
+    // Root would trust the owner of the folder, and this is not the owner.
+    EXPECT_EQ(ServiceLocatorConnect("foreign"), XoInvalidHandle);
+    EXPECT_EQ(impostor.Wait(), 0);
+    EXPECT_EQ(log.Count("uid 65534 closed: it belongs to another user"), 2U) << log.Text();
 }
 
 TEST_F(Processes, SoftDescriptorLimitIsRaisedAndGivenBack)
@@ -197,6 +153,21 @@ TEST_F(Processes, PermanentFailuresTakeTheirTime)
     EXPECT_GE(Clock::now() - start, milliseconds(100));
 }
 
+TEST_F(Limits, AClientsOwnNameIsCut)
+{
+    const ServerProcess server;
+    Child client(
+        []
+        {
+            const std::string name(80, 'n');
+            const TvoComponentTree tree{name.c_str(), nullptr, 0, nullptr, 0};
+            EXPECT_EQ(TvoTaskSetComponentTree(TvoTaskGetSelf(), &tree), XoOk);
+            ServerProcess::ExpectNewcomersServed();
+            return 0;
+        });
+    EXPECT_EQ(client.Wait(), 0);
+}
+
 TEST_F(Limits, AFullEndpointTurnsAwayAndMakesRoomByItself)
 {
     rlimit limit{};
@@ -205,74 +176,76 @@ TEST_F(Limits, AFullEndpointTurnsAwayAndMakesRoomByItself)
     {
         GTEST_SKIP() << "too few descriptors";
     }
-    LogLines log;
-    EchoServer server("full");
-    Letter request;
-    Letter response;
+    const LogLines log;
+    const ServerProcess server;
     std::vector<std::unique_ptr<Client>> clients;
     for (std::size_t i = 0; i < MaxConnections; ++i)
     {
-        clients.push_back(std::make_unique<Client>("full"));
-        ASSERT_EQ(Call(clients.back()->transport, request, response), XoOk) << i;
+        clients.push_back(std::make_unique<Client>(ServerProcess::Name));
+        ServerProcess::ExpectServed(clients.back()->transport);
     }
-    {
-        Client oneTooMany("full");
-        EXPECT_EQ(Call(oneTooMany.transport, request, response), XoObjectGone);
-        EXPECT_EQ(log.Count("full"), 1U);
-    }
-    EXPECT_EQ(Call(clients.front()->transport, request, response), XoOk) << "goes on";
+    Child oneTooMany(
+        []
+        {
+            Client client(ServerProcess::Name);
+            Letter request;
+            Letter response;
+            return Call(client.transport, request, response) == XoObjectGone ? 0 : 1;
+        });
+    EXPECT_EQ(oneTooMany.Wait(), 0);
+    EXPECT_EQ(log.Count("the endpoint is full"), 1U);
+    ServerProcess::ExpectServed(clients.front()->transport);
     clients.pop_back();
-    Client next("full");
-    EXPECT_EQ(Call(next.transport, request, response), XoOk);
+    Client next(ServerProcess::Name);
+    ServerProcess::ExpectServed(next.transport);
 }
 
-TEST_F(Limits, AConnectionThatDoesNotFitAnEndpointStaysPending)
+TEST_F(Limits, AFullBacklogIsTriedAgain)
 {
-    // Sweeping makes room while the endpoint's own thread is busy, here: is not there.
-    const auto endpoint = platform::Endpoint::Make(std::nullopt);
-    std::vector<Descriptor> others;
-    const auto add = [&]
+    Endpoint endpoint("backlog");
+    std::vector<RawSocket> waiting;
+    sockaddr_un address{AF_UNIX, {}};
+    SocketPath("connections/backlog").copy(address.sun_path, sizeof address.sun_path - 1);
+    const auto* generic = reinterpret_cast<const sockaddr*>(&address);
+    do
     {
-        int ends[2];
-        EXPECT_EQ(::socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, ends), 0);
-        others.emplace_back(ends[0]);
-        Descriptor socket(ends[1]);
-        std::uint64_t id = 0;
-        const int result = endpoint->Add(socket, {}, id);
-        EXPECT_EQ(static_cast<bool>(socket), result != XoOk) << "taken only on success";
-        return result;
-    };
-    for (std::size_t i = 0; i < MaxConnections; ++i)
-    {
-        ASSERT_EQ(add(), XoOk);
-    }
-    EXPECT_EQ(add(), XoNoResources);
-    others[5].Reset();
-    EXPECT_EQ(add(), XoOk);
-    endpoint->Close();
-    EXPECT_EQ(add(), XoObjectGone);
-}
-
-TEST_F(Limits, TheListenerRestsWhenDescriptorsAreExhausted)
-{
-    LogLines log;
-    Endpoint endpoint("exhausted");
-    const RawSocket client = RawSocket::ConnectedTo("connections/exhausted");
-    client.Send(RawPacket().Bytes());
-    rlimit former{};
-    ::getrlimit(RLIMIT_NOFILE, &former);
-    rlimit low = former;
-    low.rlim_cur = 3;
-    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &low), 0);
-    WzTvoSetTransportTimeouts(&endpoint.transport, 250, 0);
+        waiting.emplace_back(::socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
+    } while (::connect(waiting.back().Get(), generic, sizeof address) == 0);
+    EXPECT_EQ(errno, EAGAIN);
+    EXPECT_GT(waiting.size(), 1024U);
+    auto late = std::async(std::launch::async,
+                           []
+                           {
+                               Client client("backlog");
+                               Letter request;
+                               Letter response;
+                               return Call(client.transport, request, response);
+                           });
+    waiting.clear();
     Letter request;
-    const auto processor = std::clock();
-    EXPECT_EQ(Receive(endpoint.transport, request), WzTimedOut);
-    EXPECT_LT(static_cast<double>(std::clock() - processor) / CLOCKS_PER_SEC, 0.1) << "spins";
-    ::setrlimit(RLIMIT_NOFILE, &former);
-    EXPECT_EQ(log.Count("resting"), 1U);
-    WzTvoSetTransportTimeouts(&endpoint.transport, 5000, 0);
-    EXPECT_EQ(Receive(endpoint.transport, request), XoOk);
+    ASSERT_EQ(Receive(endpoint.transport, request), XoOk);
+    EXPECT_EQ(Reply(endpoint.transport, request), XoOk);
+    EXPECT_EQ(late.get(), XoOk);
+}
+
+/// Innocent callers are served meanwhile, see `Hostile`.
+TEST_F(Limits, TheListenerDoesNotSpinWhenDescriptorsAreExhausted)
+{
+    Child child(
+        []
+        {
+            Endpoint endpoint("exhausted");
+            const RawSocket client = RawSocket::ConnectedTo("connections/exhausted");
+            const rlimit low{3, 3};
+            EXPECT_EQ(::setrlimit(RLIMIT_NOFILE, &low), 0);
+            WzTvoSetTransportTimeouts(&endpoint.transport, 250, 0);
+            Letter request;
+            const auto processor = std::clock();
+            EXPECT_EQ(Receive(endpoint.transport, request), WzTimedOut);
+            EXPECT_LT(static_cast<double>(std::clock() - processor) / CLOCKS_PER_SEC, 0.1);
+            return 0;
+        });
+    EXPECT_EQ(child.Wait(), 0);
 }
 
 class EmptyObject final : public Object
@@ -303,6 +276,11 @@ TEST_F(Limits, HandlesAreToldApartUntilTheTableIsFull)
     }
     EXPECT_EQ(handles.back(), XoInvalidHandle);
     handles.pop_back();
+    std::uint32_t setter = 0;
+    std::uint32_t waiter = 0;
+    EXPECT_EQ(XoEventCreate(&setter, &waiter), XoNoResources);
+    std::uint64_t identifier = 1;
+    EXPECT_EQ(ServiceLocatorRegister("full", nullptr, 0, &identifier), XoInvalidHandle);
     EXPECT_LE(handles.size(), 65'535U);
     EXPECT_GT(handles.size(), 65'000U);
     for (const std::uint32_t handle : handles)

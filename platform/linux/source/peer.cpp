@@ -1,14 +1,31 @@
 #include "peer.h"
 
 #include <cerrno>
+#include <cstdio>
 #include <cstring>
 
 #include <poll.h>
 #include <sys/socket.h>
 
 #include "log.h"
+#include "offence_filter.h"
 
 namespace platform {
+namespace {
+
+/// All listeners of the process run out at the same time, and many times a second.
+void TellExhaustion(int error)
+{
+    static OffenceFilter filter;
+    if (filter.Admit(0, OffenceFilter::Clock::now()))
+    {
+        LogLine(TvoPlatformLogLevel::Error,
+                "no connection can be taken, resting: %s",
+                std::strerror(error));
+    }
+}
+
+}  // namespace
 
 std::optional<Peer> AdmitPeer(int socket, std::uint32_t alsoAllowed)
 {
@@ -29,11 +46,23 @@ std::optional<Peer> AdmitPeer(int socket, std::uint32_t alsoAllowed)
 
 void LogOffence(const Peer& peer, const char* reason)
 {
+    static OffenceFilter filter;
+    const auto keptBack = filter.Admit(peer.pid, OffenceFilter::Clock::now());
+    if (!keptBack)
+    {
+        return;
+    }
+    char others[64] = "";
+    if (*keptBack > 0)
+    {
+        std::snprintf(others, sizeof others, " (and %u more since the last line)", *keptBack);
+    }
     LogLine(TvoPlatformLogLevel::Warning,
-            "connection of pid %u, uid %u closed: %s",
+            "connection of pid %u, uid %u closed: %s%s",
             peer.pid,
             peer.uid,
-            reason);
+            reason,
+            others);
 }
 
 Backlog::Outcome Backlog::Take(Descriptor& connection, Peer& peer)
@@ -43,7 +72,6 @@ Backlog::Outcome Backlog::Take(Descriptor& connection, Peer& peer)
         Descriptor accepted(::accept4(m_socket.Get(), nullptr, nullptr, SOCK_CLOEXEC));
         if (accepted)
         {
-            m_exhaustionTold = false;
             const auto admitted = AdmitPeer(accepted.Get(), ::geteuid());
             if (!admitted)
             {
@@ -61,13 +89,7 @@ Backlog::Outcome Backlog::Take(Descriptor& connection, Peer& peer)
             case ECONNABORTED:
                 break;
             default:
-                if (!m_exhaustionTold)
-                {
-                    LogLine(TvoPlatformLogLevel::Error,
-                            "no connection can be taken, resting: %s",
-                            std::strerror(errno));
-                    m_exhaustionTold = true;
-                }
+                TellExhaustion(errno);
                 return Outcome::Exhausted;
         }
     }

@@ -19,7 +19,8 @@ struct Peer
 /// @param alsoAllowed  one more user that may be there
 std::optional<Peer> AdmitPeer(int socket, std::uint32_t alsoAllowed);
 
-/// Writes the line about a connection that was closed for what its sender did.
+/// Writes the line about a connection that was closed for what its sender did. Lines about one
+/// process that follow each other are joined.
 void LogOffence(const Peer& peer, const char* reason);
 
 /// A listening socket of this process.
@@ -48,7 +49,6 @@ public:
 
 private:
     Descriptor m_socket;
-    bool m_exhaustionTold = false;
 };
 
 }  // namespace platform

@@ -1,54 +1,152 @@
 #include <algorithm>
-#include <utility>
+#include <condition_variable>
+#include <cstdlib>
+#include <deque>
+#include <filesystem>
+#include <map>
+#include <mutex>
 
-#include <platform/testing/platform_double.h>
+#include <shared/ipc_utils/publish.h>
+#include <xo/connection.h>
 
-#include "state.h"
+#include "run.h"
 
 namespace platform::testing {
 namespace {
 
-template <typename Condition>
-bool WaitFromOutside(std::chrono::milliseconds limit, Condition condition)
+using shared::ipc_utils::FindConnectionTargetForType;
+using shared::ipc_utils::NameBuffer;
+
+/// How one call is played.
+struct CallState
 {
-    World& world = World::Instance();
-    Lock lock(world.mutex);
-    return world.changed.wait_for(lock, limit, [&] { return condition(world); });
+    unsigned count = 0;
+    unsigned inside = 0;
+    bool blocked = false;
+    std::deque<Script> scripts;
+    std::any replacement;
+    std::vector<Record> journal;
+};
+
+struct State
+{
+    std::mutex mutex;
+    std::condition_variable changed;
+    std::map<Call, CallState> calls;
+};
+
+/// Never destroyed: threads may still be in a call while the process exits.
+State& Shared()
+{
+    static auto* const state = new State;
+    return *state;
 }
+
+/// Works on a call's state and wakes whoever waits for it to change.
+template <typename Work>
+auto With(Call call, Work work)
+{
+    const std::lock_guard lock(Shared().mutex);
+    Shared().changed.notify_all();
+    return work(Shared().calls[call]);
+}
+
+template <typename Condition>
+bool WaitUntil(Call call, Condition condition)
+{
+    std::unique_lock lock(Shared().mutex);
+    return Shared().changed.wait_for(
+        lock, std::chrono::seconds(5), [&] { return condition(Shared().calls[call]); });
+}
+
+/// Forgets everything but who is inside a call.
+void Reset()
+{
+    const std::lock_guard lock(Shared().mutex);
+    for (auto& [call, state] : Shared().calls)
+    {
+        state.inside = std::exchange(state, {}).inside;
+    }
+    Shared().changed.notify_all();
+}
+
+/// The rendezvous folder. The port opens it once in a process.
+class RuntimeFolder final
+{
+public:
+    RuntimeFolder()
+    {
+        if (::mkdtemp(m_path.data()) == nullptr)
+        {
+            std::abort();
+        }
+        ::setenv("TVO_RUNTIME_DIR", m_path.c_str(), 1);
+    }
+
+    ~RuntimeFolder()
+    {
+        std::error_code ignored;
+        std::filesystem::remove_all(m_path, ignored);
+    }
+
+private:
+    std::string m_path = std::filesystem::temp_directory_path() / "tvo-XXXXXX";
+};
+
+const RuntimeFolder g_folder;
 
 }  // namespace
 
-PendingClient::PendingClient(std::shared_ptr<PendingRequest> request)
-    : m_request(std::move(request))
-{}
-
-std::optional<int> PendingClient::WaitForVerdict(std::chrono::milliseconds limit) const
+Turn Enter(Call call)
 {
-    std::optional<int> verdict;
-    WaitFromOutside(limit,
-                    [&](const World&)
-                    {
-                        verdict = m_request->verdict;
-                        return verdict.has_value();
-                    });
-    return verdict;
+    State& shared = Shared();
+    std::unique_lock lock(shared.mutex);
+    CallState& state = shared.calls[call];
+    ++state.count;
+    ++state.inside;
+    shared.changed.notify_all();
+    shared.changed.wait(lock, [&] { return !state.blocked; });
+    Turn turn{{}, state.replacement};
+    if (!state.scripts.empty())
+    {
+        Script& script = state.scripts.front();
+        turn.script = script.code;
+        if (script.times != Script::Forever && --script.times == 0)
+        {
+            state.scripts.pop_front();
+        }
+    }
+    return turn;
+}
+
+void Leave(Call call, Record record)
+{
+    With(call,
+         [&](CallState& state)
+         {
+             --state.inside;
+             state.journal.push_back(std::move(record));
+         });
 }
 
 PlatformDouble::PlatformDouble()
 {
-    World::Instance().Reset();
+    Reset();
 }
 
 PlatformDouble::~PlatformDouble()
 {
-    World::Instance().Reset();
+    const auto registrations = Journal(Call::LocatorRegister);
+    Reset();
+    for (const Record& made : registrations)
+    {
+        XoHandleClose(static_cast<std::uint32_t>(made.result));
+    }
 }
 
 void PlatformDouble::Return(Call call, Script script)
 {
-    World& world = World::Instance();
-    const Lock lock(world.mutex);
-    world.Of(call).scripts.push_back(script);
+    With(call, [&](CallState& state) { state.scripts.push_back(script); });
 }
 
 void PlatformDouble::Fail(Call call, int code)
@@ -56,120 +154,63 @@ void PlatformDouble::Fail(Call call, int code)
     Return(call, {.code = code, .times = Script::Forever});
 }
 
-void PlatformDouble::Restore(Call call)
-{
-    World& world = World::Instance();
-    const Lock lock(world.mutex);
-    world.Of(call).scripts.clear();
-    world.Of(call).blocked = false;
-    world.changed.notify_all();
-}
-
 void PlatformDouble::Block(Call call)
 {
-    World& world = World::Instance();
-    const Lock lock(world.mutex);
-    world.Of(call).blocked = true;
+    With(call, [](CallState& state) { state.blocked = true; });
 }
 
 void PlatformDouble::Release(Call call)
 {
-    World& world = World::Instance();
-    const Lock lock(world.mutex);
-    world.Of(call).blocked = false;
-    world.changed.notify_all();
+    With(call, [](CallState& state) { state.blocked = false; });
 }
 
-Overrides& PlatformDouble::Override()
+void PlatformDouble::Replace(Call call, std::any function)
 {
-    return World::Instance().overrides;
+    With(call, [&](CallState& state) { state.replacement = std::move(function); });
+}
+
+void PlatformDouble::Serve(std::uint32_t riid, std::function<TransportCall> handler)
+{
+    const auto find = [](auto...)
+    {
+        return std::pair<NameBuffer, NameBuffer>({"server"}, {"service"});
+    };
+    const auto connect = [riid](auto, auto, auto, std::uint32_t* handle, std::uint32_t* number)
+    {
+        *handle = 0xC0;
+        *number = riid;
+        return XoOk;
+    };
+    Override<decltype(FindConnectionTargetForType)>(Call::FindTarget, find);
+    Override<decltype(XoCmConnect)>(Call::CmConnect, connect);
+    Override(Call::TransportCall, std::move(handler));
 }
 
 unsigned PlatformDouble::Count(Call call) const
 {
-    World& world = World::Instance();
-    const Lock lock(world.mutex);
-    return world.Of(call).count;
+    return With(call, [](const CallState& state) { return state.count; });
 }
 
-bool PlatformDouble::WaitUntilCalled(Call call,
-                                     unsigned count,
-                                     std::chrono::milliseconds limit) const
+bool PlatformDouble::WaitUntilCalled(Call call, unsigned count) const
 {
-    return WaitFromOutside(limit, [&](World& world) { return world.Of(call).count >= count; });
+    return WaitUntil(call, [&](const CallState& state) { return state.count >= count; });
 }
 
-bool PlatformDouble::WaitUntilWaiting(Call call,
-                                      unsigned threads,
-                                      std::chrono::milliseconds limit) const
+bool PlatformDouble::WaitUntilReturned(Call call, std::int64_t result) const
 {
-    return WaitFromOutside(limit, [&](World& world) { return world.Of(call).waiting >= threads; });
+    return WaitUntil(call,
+                     [&](const CallState& state)
+                     { return std::ranges::count(state.journal, result, &Record::result) > 0; });
+}
+
+bool PlatformDouble::WaitUntilWaiting(Call call, unsigned threads) const
+{
+    return WaitUntil(call, [&](const CallState& state) { return state.inside >= threads; });
 }
 
 std::vector<Record> PlatformDouble::Journal(Call call) const
 {
-    World& world = World::Instance();
-    const Lock lock(world.mutex);
-    std::vector<Record> records = world.journal;
-    std::erase_if(records, [&](const Record& record) { return record.call != call; });
-    return records;
-}
-
-std::size_t PlatformDouble::OpenHandles() const
-{
-    World& world = World::Instance();
-    const Lock lock(world.mutex);
-    return world.objects.size();
-}
-
-void PlatformDouble::Serve(RemoteService service, ServiceHandler handler)
-{
-    World& world = World::Instance();
-    const Lock lock(world.mutex);
-    world.remotes.emplace_back(std::move(service), std::move(handler));
-    world.changed.notify_all();
-}
-
-void PlatformDouble::Withdraw(const std::string& server)
-{
-    World& world = World::Instance();
-    const Lock lock(world.mutex);
-    std::erase_if(world.remotes, [&](const auto& row) { return row.first.server == server; });
-    for (const auto& [handle, object] : world.objects)
-    {
-        const auto* connection = std::get_if<std::shared_ptr<Connection>>(&object);
-        if (connection != nullptr && (*connection)->partner == server)
-        {
-            world.HangUp(**connection);
-        }
-    }
-}
-
-PendingClient PlatformDouble::RequestConnection(std::string client, std::string service)
-{
-    World& world = World::Instance();
-    const Lock lock(world.mutex);
-    auto request = std::make_shared<PendingRequest>();
-    request->client = std::move(client);
-    request->service = std::move(service);
-    request->order = ++world.nextOrder;
-    world.pending.push_back(request);
-    world.changed.notify_all();
-    return PendingClient(std::move(request));
-}
-
-std::vector<std::pair<std::string, std::string>> PlatformDouble::Published() const
-{
-    World& world = World::Instance();
-    const Lock lock(world.mutex);
-    return world.published;
-}
-
-std::string PlatformDouble::Entity() const
-{
-    World& world = World::Instance();
-    const Lock lock(world.mutex);
-    return world.entity;
+    return With(call, [](const CallState& state) { return state.journal; });
 }
 
 }  // namespace platform::testing

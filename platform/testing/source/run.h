@@ -1,45 +1,40 @@
 #pragma once
 
-#include <cstdint>
 #include <optional>
-#include <string>
 #include <type_traits>
-#include <utility>
 
-#include "state.h"
+#include <platform/testing/platform_double.h>
 
 namespace platform::testing {
 
-/// Appends one argument of a call to its journal line.
-template <typename T>
-void AppendArgument(std::string& line, const T& argument)
+/// What the test has in store for one run of a call.
+struct Turn
 {
+    std::optional<int> script;
+    std::any replacement;
+};
+
+/// Counts the run and waits while the call is blocked.
+Turn Enter(Call call);
+
+void Leave(Call call, Record record);
+
+/// Appends one argument of a call to its line in the journal.
+template <typename T>
+void Append(std::string& line, const T& argument)
+{
+    const std::string comma = line.empty() ? "" : ", ";
     if constexpr (std::is_same_v<T, const char*>)
     {
-        line += line.empty() ? "" : ", ";
-        line += argument == nullptr ? "null" : "\"" + std::string(argument) + "\"";
+        line += comma + (argument == nullptr ? "null" : "\"" + std::string(argument) + "\"");
     }
     else if constexpr (std::is_integral_v<T>)
     {
-        line += line.empty() ? "" : ", ";
-        line += std::to_string(argument);
+        line += comma + std::to_string(argument);
     }
 }
 
-template <typename Result>
-std::int64_t ResultNumber(const Result& result)
-{
-    if constexpr (std::is_integral_v<Result>)
-    {
-        return static_cast<std::int64_t>(result);
-    }
-    else
-    {
-        return result.has_value() ? 1 : 0;
-    }
-}
-
-/// How a call fails that was scripted with a code.
+/// The result of a run that was scripted with a code.
 template <typename Result>
 Result ScriptedResult([[maybe_unused]] int code)
 {
@@ -47,11 +42,7 @@ Result ScriptedResult([[maybe_unused]] int code)
     {
         return code;
     }
-    else if constexpr (std::is_same_v<Result, bool>)
-    {
-        return false;
-    }
-    else if constexpr (std::is_integral_v<Result>)
+    else if constexpr (std::is_integral_v<Result> && !std::is_same_v<Result, bool>)
     {
         return static_cast<Result>(~Result{0});
     }
@@ -61,41 +52,41 @@ Result ScriptedResult([[maybe_unused]] int code)
     }
 }
 
-/// Takes the script that applies to this run, if any.
-std::optional<int> TakeScript(CallState& state);
-
-/// Stops before the call while it is blocked.
-/// @returns false when the double was reset meanwhile
-bool PassBlock(World& world, Lock& lock, Call call);
-
-/// Plays one run of a call: block, script, otherwise `body(world, lock)`.
-/// @param arguments  for the journal
-template <typename Body, typename... Arguments>
-auto Run(Call call, Body body, const Arguments&... arguments)
+/// Plays one run of a call: the script, or the test's own function, or the port's.
+template <typename Result, typename... Arguments>
+Result Run(Call call, Result (*real)(Arguments...), std::type_identity_t<Arguments>... arguments)
 {
-    using Result = std::invoke_result_t<Body, World&, Lock&>;
-    World& world = World::Instance();
-    Lock lock(world.mutex);
     std::string line;
-    (AppendArgument(line, arguments), ...);
-    CallState& state = world.Of(call);
-    ++state.count;
-    world.changed.notify_all();
-    const std::optional<int> script =
-        PassBlock(world, lock, call) ? TakeScript(state) : XoObjectGone;
-    const Result result = script ? ScriptedResult<Result>(*script) : body(world, lock);
-    world.journal.push_back({call, std::move(line), ResultNumber(result)});
-    return result;
-}
-
-/// Runs the test's own function, without the lock.
-template <typename Function, typename... Arguments>
-int RunOverride(Lock& lock, Function function, Arguments... arguments)
-{
-    lock.unlock();
-    const int result = function(arguments...);
-    lock.lock();
-    return result;
+    (Append(line, arguments), ...);
+    Turn turn = Enter(call);
+    const auto play = [&]() -> Result
+    {
+        using Function = std::function<Result(Arguments...)>;
+        return turn.replacement.has_value()
+                   ? std::any_cast<Function&>(turn.replacement)(arguments...)
+                   : real(arguments...);
+    };
+    if constexpr (std::is_void_v<Result>)
+    {
+        if (!turn.script)
+        {
+            play();
+        }
+        Leave(call, {std::move(line), 0});
+    }
+    else
+    {
+        const Result result = turn.script ? ScriptedResult<Result>(*turn.script) : play();
+        if constexpr (std::is_integral_v<Result>)
+        {
+            Leave(call, {std::move(line), static_cast<std::int64_t>(result)});
+        }
+        else
+        {
+            Leave(call, {std::move(line), result.has_value()});
+        }
+        return result;
+    }
 }
 
 }  // namespace platform::testing

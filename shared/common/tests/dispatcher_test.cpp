@@ -66,6 +66,7 @@ protected:
         const int result =
             transport.operations->call(&transport, &request.base, nullptr, &response.base, &arena);
         EXPECT_EQ(arena.current - arena.start, result == 0 ? 5 : 0);
+        XoHandleClose(transport.handle);
         return response.value;
     }
 
@@ -106,17 +107,18 @@ TEST_F(DispatcherTest, StartsAndStopsByItsState)
 TEST_F(DispatcherTest, StatesItsRoomAndLimitsAtEveryReceive)
 {
     std::vector<std::uint32_t> sizes;
-    platform.Override().transportReceive =
+    platform.Override<platform::testing::TransportReceive>(
+        Call::TransportReceive,
         [&](WzTvoTransport* transport, wz_message* request, wz_arena* arena)
-    {
-        EXPECT_EQ(transport->receiveTimeout, ReceiveLimit);
-        EXPECT_EQ(transport->callTimeout, WzInfinite);
-        EXPECT_EQ(arena->current, arena->start);
-        sizes.push_back(request->size);
-        arena->current += 3;
-        request->size = WzMessageFailedBit | (3U << WzMessageHandleCountShift) | 24U;
-        return WzTimedOut;
-    };
+        {
+            EXPECT_EQ(transport->receiveTimeout, ReceiveLimit);
+            EXPECT_EQ(transport->callTimeout, WzInfinite);
+            EXPECT_EQ(arena->current, arena->start);
+            sizes.push_back(request->size);
+            arena->current += 3;
+            request->size = WzMessageFailedBit | (3U << WzMessageHandleCountShift) | 24U;
+            return WzTimedOut;
+        });
     dispatcher->Start();
     ASSERT_TRUE(platform.WaitUntilCalled(Call::TransportReceive, 3));
     dispatcher->Stop();

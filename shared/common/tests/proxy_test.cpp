@@ -52,8 +52,8 @@ class ProxyTest : public testing::Test
 protected:
     void Serve(std::uint32_t riid, int result, std::uint32_t sizeWord = sizeof(Message))
     {
-        platform.Serve({"", "server", "service", riid},
-                       [=](const wz_message* request, auto, wz_message* response, auto)
+        platform.Serve(riid,
+                       [=](auto, const wz_message* request, auto, wz_message* response, auto)
                        {
                            EXPECT_EQ(request->iid, riid);
                            EXPECT_EQ(request->mid, 2);
@@ -78,7 +78,6 @@ protected:
         {
             thrown = error.what();
         }
-        EXPECT_EQ(platform.OpenHandles(), 0U);
         return {thrown, testing::internal::GetCapturedStderr()};
     }
 
@@ -98,15 +97,16 @@ TEST_F(ProxyTest, CallsAndClosesItsConnectionAtItsEnd)
     const auto connects = platform.Journal(Call::CmConnect);
     EXPECT_EQ(connects.at(0).arguments, "\"server\", \"service\", 4294967295");
     EXPECT_EQ(connects.at(1).arguments, "\"server\", \"service\", 1500");
+    EXPECT_EQ(platform.Count(Call::HandleClose), 2U);
 }
 
 TEST_F(ProxyTest, FailuresOfACallNameTheMethod)
 {
     Serve(5, XoBroken);
     EXPECT_EQ(Failure().first, "vx_test_Doubler_Double transport error");
-    platform.Withdraw("server");
     Serve(5, 0, WzMessageFailedBit | sizeof(Message));
     EXPECT_EQ(Failure().first, "vx_test_Doubler_Double server error");
+    EXPECT_EQ(platform.Count(Call::HandleClose), 2U);
 }
 
 TEST_F(ProxyTest, FailedConnectIsPrintedAndThrown)
@@ -122,6 +122,7 @@ TEST_F(ProxyTest, FailedConnectIsPrintedAndThrown)
         Pair(thrown, "Invalid riid for \"server\":\"service\" because 65536 > UINT16_MAX\n"));
     EndpointHandle endpoint;
     EXPECT_EQ(builder.Connect(endpoint, provider), static_cast<int>(0x90000002U));
+    EXPECT_EQ(platform.Count(Call::HandleClose), 2U);
 }
 
 TEST_F(ProxyTest, ConnectClosesOnlyWhatTheEndpointOwnedBefore)

@@ -2,6 +2,7 @@
 
 #include <future>
 #include <string>
+#include <utility>
 
 #include <QCoreApplication>
 #include <gmock/gmock.h>
@@ -9,14 +10,15 @@
 
 #include <component/cert_approver/tvo_ipc/client.h>
 #include <platform/testing/platform_double.h>
+#include <tvo/service_locator.h>
+#include <xo/handle.h>
 
 namespace cert_approver {
 namespace {
 
 using platform::testing::Call;
-using ::testing::ElementsAre;
 using ::testing::HasSubstr;
-using ::testing::Pair;
+using ::testing::StartsWith;
 
 struct Outcome
 {
@@ -46,6 +48,11 @@ struct RunCertApproverTest : ::testing::Test
 
 TEST_F(RunCertApproverTest, RefusesTheCallerWhoStillWaitsWhenTheEventLoopEnds)
 {
+    static bool published = false;
+    if (std::exchange(published, true))
+    {
+        platform.Return(Call::TaskSetComponentTree, {.code = XoOk});
+    }
     auto verdict = Verdict::Approve;
     const auto caller =
         std::async(std::launch::async,
@@ -57,7 +64,7 @@ TEST_F(RunCertApproverTest, RefusesTheCallerWhoStillWaitsWhenTheEventLoopEnds)
     const auto end = std::async(std::launch::async,
                                 [this]
                                 {
-                                    platform.WaitUntilCalled(Call::TransportCall);
+                                    platform.WaitUntilReturned(Call::TransportReceive, XoOk);
                                     ExitFromAnotherThread(5);
                                 });
     const auto outcome = RunOnce();
@@ -66,11 +73,11 @@ TEST_F(RunCertApproverTest, RefusesTheCallerWhoStillWaitsWhenTheEventLoopEnds)
     EXPECT_EQ(verdict, Verdict::Close);
     EXPECT_EQ(outcome.status, 5);
     EXPECT_THAT(outcome.log, HasSubstr("[main] CertApprover stopped with code 5"));
-    EXPECT_EQ(platform.Entity(), "vx.vdi.CertApprover");
-    EXPECT_THAT(
-        platform.Published(),
-        ElementsAre(Pair("vx.cert_approver.CertApprover.CertApprover", "cert_approver_id")));
-    EXPECT_EQ(platform.OpenHandles(), 0U);
+    EXPECT_EQ(platform.Journal(Call::FindTarget).at(0).arguments,
+              "\"vx.cert_approver.CertApprover.CertApprover\", 60000");
+    EXPECT_THAT(platform.Journal(Call::CmConnect).at(0).arguments,
+                StartsWith("\"vx.vdi.CertApprover\", \"cert_approver_id\", "));
+    EXPECT_EQ(ServiceLocatorConnect("cert_approver_id"), XoInvalidHandle) << "given back";
 }
 
 TEST_F(RunCertApproverTest, AFailedStageEndsTheProcessWithItsText)
@@ -92,11 +99,13 @@ TEST_F(RunCertApproverTest, AFailedStageEndsTheProcessWithItsText)
     {
         SCOPED_TRACE(row.text);
         platform.Return(row.call, {.code = -7});
+        // The tree is fixed once this process has published.
+        platform.Return(Call::TaskSetComponentTree, {.code = XoOk});
         const auto outcome = RunOnce();
         EXPECT_EQ(outcome.status, 1);
         EXPECT_THAT(outcome.log, HasSubstr("[main] CertApprover start with error: "));
         EXPECT_THAT(outcome.log, HasSubstr(row.text));
-        EXPECT_EQ(platform.OpenHandles(), 0U);
+        EXPECT_EQ(ServiceLocatorConnect("cert_approver_id"), XoInvalidHandle) << "given back";
     }
 }
 

@@ -1,0 +1,198 @@
+#include <cstring>
+#include <future>
+#include <set>
+
+#include <gmock/gmock.h>
+
+#include <shared/ipc_utils/publish.h>
+#include <tvo/random.h>
+
+#include "support.h"
+
+namespace platform::tests {
+namespace {
+
+constexpr const char* Entity = "vx.tests.Contract";
+constexpr const char* Service = "contract_service";
+
+/// Publishes once in the process; a second time is a second line.
+void Publish()
+{
+    static const bool published = []
+    {
+        static constexpr TvoEndpointDescription Endpoints[] = {
+            {3, "part.Point", "Point", "vx.tests.Point"}};
+        static constexpr TvoComponentDescription Components[] = {
+            {"part", "vx.tests.Part", Endpoints, 1}};
+        static constexpr TvoComponentTree Tree{Entity, nullptr, 0, Components, 1};
+        return TvoTaskSetComponentTree(TvoTaskGetSelf(), &Tree) == XoOk &&
+               shared::ipc_utils::TryPublishService("vx.tests.Interface", Service);
+    }();
+    ASSERT_TRUE(published);
+}
+
+struct Connected
+{
+    int result;
+    std::uint32_t handle;
+    std::uint32_t riid;
+};
+
+std::future<Connected> ConnectInBackground(const char* service, std::uint32_t timeout)
+{
+    return std::async(std::launch::async,
+                      [=]
+                      {
+                          Connected made{};
+                          made.result =
+                              XoCmConnect(Entity, service, timeout, &made.handle, &made.riid);
+                          return made;
+                      });
+}
+
+struct Names
+{
+    char client[XoCmNameSize] = {};
+    char service[XoCmNameSize] = {};
+};
+
+int Listen(Names& names, std::uint32_t timeout = 5000)
+{
+    return XoCmListen(nullptr, timeout, names.client, names.service);
+}
+
+TEST(Connections, AreMadeWhenTheServerAccepts)
+{
+    Publish();
+    Endpoint endpoint("accepting");
+    auto connecting = ConnectInBackground(Service, WzInfinite);
+    Names names;
+    ASSERT_EQ(Listen(names), XoOk);
+    EXPECT_STREQ(names.service, Service);
+    EXPECT_THAT(names.client, testing::StartsWith(std::string(Entity) + "@"));
+    std::uint32_t joined = 0;
+    ASSERT_EQ(XoCmAccept(names.client, names.service, 17, endpoint.handle, &joined), XoOk);
+    EXPECT_EQ(joined, endpoint.handle);
+    EXPECT_EQ(XoCmAccept(names.client, names.service, 17, endpoint.handle, &joined), XoObjectGone);
+    const Connected made = connecting.get();
+    ASSERT_EQ(made.result, XoOk);
+    EXPECT_EQ(made.riid, 17U);
+
+    Client client(made.handle);
+    auto call = std::async(std::launch::async,
+                           [&]
+                           {
+                               Letter request;
+                               Letter response;
+                               return Call(client.transport, request, response);
+                           });
+    Letter received;
+    ASSERT_EQ(Receive(endpoint.transport, received), XoOk);
+    EXPECT_EQ(Reply(endpoint.transport, received), XoOk);
+    EXPECT_EQ(call.get(), XoOk);
+}
+
+TEST(Connections, CanGetAnEndpointOfTheirOwn)
+{
+    Publish();
+    auto connecting = ConnectInBackground(Service, 5000);
+    Names names;
+    ASSERT_EQ(Listen(names), XoOk);
+    std::uint32_t endpoint = XoInvalidHandle;
+    ASSERT_EQ(XoCmAccept(names.client, names.service, 1, XoInvalidHandle, &endpoint), XoOk);
+    const Connected made = connecting.get();
+    EXPECT_EQ(made.result, XoOk);
+    EXPECT_EQ(XoHandleClose(endpoint), XoOk);
+    Client client(made.handle);
+    Letter request;
+    Letter response;
+    EXPECT_EQ(Call(client.transport, request, response), XoObjectGone);
+}
+
+TEST(Connections, FailWithTheFittingCode)
+{
+    Publish();
+    std::uint32_t handle = 0;
+    std::uint32_t riid = 0;
+    EXPECT_EQ(XoCmConnect("vx.tests.Nobody", Service, 5000, &handle, &riid), XoObjectGone);
+    EXPECT_EQ(handle, XoInvalidHandle);
+    EXPECT_EQ(riid, 65535U);
+    EXPECT_EQ(XoCmConnect(Entity, Service, 20, &handle, &riid), XoTimedOut);
+
+    Names names;
+    EXPECT_EQ(Listen(names, 20), XoTimedOut) << "the client has gone";
+    auto connecting = ConnectInBackground(Service, 5000);
+    ASSERT_EQ(Listen(names), XoOk);
+    EXPECT_EQ(XoCmAccept(names.client, Service, 1, 0x123456, &handle), XoObjectGone);
+    EXPECT_EQ(XoCmDrop(names.client, Service), XoOk) << "still pending";
+    EXPECT_EQ(XoCmDrop(names.client, Service), XoObjectGone);
+    EXPECT_EQ(connecting.get().result, XoRefused);
+}
+
+TEST(Connections, ARequestThatIsLeftAloneComesAgainAfterTheOthers)
+{
+    Publish();
+    auto first = ConnectInBackground(Service, 10000);
+    Names one;
+    ASSERT_EQ(Listen(one), XoOk);
+    Names again;
+    ASSERT_EQ(Listen(again), XoOk);
+    EXPECT_STREQ(again.client, one.client);
+    auto second = ConnectInBackground(Service, 10000);
+    Names two;
+    ASSERT_TRUE(Eventually(
+        [&] { return Listen(two) == XoOk && std::strcmp(two.client, one.client) != 0; }));
+    ASSERT_EQ(Listen(again), XoOk);
+    EXPECT_STREQ(again.client, one.client) << "reported longest ago";
+    EXPECT_EQ(XoCmDrop(one.client, Service), XoOk);
+    EXPECT_EQ(XoCmDrop(two.client, Service), XoOk);
+    EXPECT_EQ(first.get().result, XoRefused);
+    EXPECT_EQ(second.get().result, XoRefused);
+}
+
+TEST(Names, StaticOnesAreHeldByOne)
+{
+    Endpoint endpoint("held");
+    std::uint64_t identifier = 1;
+    EXPECT_EQ(ServiceLocatorRegister("held", nullptr, 0, &identifier), XoInvalidHandle);
+    EXPECT_EQ(identifier, 0U);
+    EXPECT_EQ(ServiceLocatorConnect("not-held"), XoInvalidHandle);
+}
+
+TEST(Names, LeadToInterfaceNumbersAndServices)
+{
+    Publish();
+    Endpoint endpoint("numbers");
+    Client client("numbers");
+    EXPECT_EQ(ServiceLocatorGetRiid(client.handle, "part.Point"), 3);
+    EXPECT_EQ(ServiceLocatorGetRiid(client.handle, "part.Other"), 65535);
+    EXPECT_EQ(ServiceLocatorGetRiid(endpoint.handle, "part.Point"), 65535);
+
+    const auto target = shared::ipc_utils::FindConnectionTargetForType("vx.tests.Interface", 0);
+    ASSERT_TRUE(target);
+    EXPECT_STREQ(target->first.data(), Entity);
+    EXPECT_STREQ(target->second.data(), Service);
+    EXPECT_FALSE(shared::ipc_utils::FindConnectionTargetForType("vx.tests.None", 20));
+}
+
+TEST(Task, KnowsOnlyItself)
+{
+    Publish();
+    const std::uint32_t self = TvoTaskGetSelf();
+    EXPECT_EQ(TvoTaskGetSelf(), self);
+    EXPECT_EQ(TvoTaskConnectToService(self, self, "own"), XoOk);
+    EXPECT_LT(TvoTaskConnectToService(self, self + 1, "own"), 0);
+    EXPECT_LT(TvoTaskSetComponentTree(self + 1, nullptr), 0);
+    EXPECT_NE(XoHandleClose(self), XoOk);
+}
+
+TEST(Random, FillsTheBuffer)
+{
+    std::array<std::uint64_t, 64> numbers{};
+    ASSERT_EQ(TvoRandomGenerate(sizeof numbers, numbers.data()), XoOk);
+    const std::set<std::uint64_t> different(numbers.begin(), numbers.end());
+    EXPECT_EQ(different.size(), numbers.size());
+}
+
+}  // namespace
+}  // namespace platform::tests
