@@ -31,14 +31,16 @@ function(tvo_add_program name)
 endfunction()
 
 # tvo_add_test(NAME LABEL unit|system|fuzz SOURCES... LIBRARIES... [MAIN lib] [TIMEOUT seconds]
-#              [ENVIRONMENT NAME=VALUE...])
+#              [ENVIRONMENT NAME=VALUE...] [CONCURRENCY case...])
 # GoogleTest cases, each a ctest entry under the label. GTest::gmock_main unless MAIN names another
-# library (or "none": the sources bring their own main).
+# library (or "none": the sources bring their own main). The cases named after CONCURRENCY, with
+# GoogleTest's wildcards, look for races and are worth being repeated: their label is
+# LABEL_concurrency.
 function(tvo_add_test name)
     if(NOT BUILD_TESTING)
         return()
     endif()
-    cmake_parse_arguments(arg "" "LABEL;MAIN;TIMEOUT" "SOURCES;LIBRARIES;ENVIRONMENT" ${ARGN})
+    cmake_parse_arguments(arg "" "LABEL;MAIN;TIMEOUT" "SOURCES;LIBRARIES;ENVIRONMENT;CONCURRENCY" ${ARGN})
     if(NOT arg_MAIN)
         set(arg_MAIN GTest::gmock_main)
     elseif(arg_MAIN STREQUAL "none")
@@ -50,12 +52,24 @@ function(tvo_add_test name)
     add_executable(${name} ${arg_SOURCES})
     target_include_directories(${name} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}/source)
     target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} ${arg_MAIN} tvo_options)
-    set(properties LABELS ${arg_LABEL} TIMEOUT ${arg_TIMEOUT})
+    set(properties TIMEOUT ${arg_TIMEOUT})
     if(arg_ENVIRONMENT)
         list(APPEND properties ENVIRONMENT "${arg_ENVIRONMENT}")
     endif()
+    set(others "*")
+    if(arg_CONCURRENCY)
+        list(JOIN arg_CONCURRENCY ":" concurrency)
+        set(others "-${concurrency}")
+        gtest_discover_tests(${name}
+            TEST_FILTER "${concurrency}"
+            TEST_LIST ${name}_concurrency
+            PROPERTIES LABELS ${arg_LABEL}_concurrency ${properties}
+            DISCOVERY_MODE PRE_TEST
+            DISCOVERY_TIMEOUT 60)
+    endif()
     gtest_discover_tests(${name}
-        PROPERTIES ${properties}
+        TEST_FILTER "${others}"
+        PROPERTIES LABELS ${arg_LABEL} ${properties}
         DISCOVERY_MODE PRE_TEST
         DISCOVERY_TIMEOUT 60)
 endfunction()

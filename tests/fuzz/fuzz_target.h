@@ -15,9 +15,15 @@ struct Target
     std::vector<std::string> (*seeds)();
 };
 
-extern const Target Frames;
+extern const Target Requests;
+extern const Target Replies;
+extern const Target Handshakes;
+extern const Target LockFiles;
 extern const Target WireCertificates;
 extern const Target CertificateTexts;
+
+/// The seeds that the target makes, then those in the files of its folder `seeds/<name>`.
+std::vector<std::string> AllSeeds(const Target& target);
 
 /// Ends the process, which is how libFuzzer and death reports learn of a fault.
 void Require(bool holds, const char* what);

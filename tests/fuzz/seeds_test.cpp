@@ -20,7 +20,7 @@ class FuzzSeeds : public ::testing::TestWithParam<fuzz::Target>
 /// The seeds as they stand, and each with one byte wrong at a time.
 TEST_P(FuzzSeeds, KeepEveryPromise)
 {
-    for (const std::string& seed : GetParam().seeds())
+    for (const std::string& seed : fuzz::AllSeeds(GetParam()))
     {
         GetParam().run(seed);
         for (std::size_t i = 0; i < seed.size() && i < 512; ++i)
@@ -34,7 +34,10 @@ TEST_P(FuzzSeeds, KeepEveryPromise)
 
 INSTANTIATE_TEST_SUITE_P(Targets,
                          FuzzSeeds,
-                         ::testing::Values(fuzz::Frames,
+                         ::testing::Values(fuzz::Requests,
+                                           fuzz::Replies,
+                                           fuzz::Handshakes,
+                                           fuzz::LockFiles,
                                            fuzz::WireCertificates,
                                            fuzz::CertificateTexts),
                          [](const auto& row) { return std::string(row.param.name); });

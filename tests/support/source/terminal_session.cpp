@@ -6,9 +6,9 @@
 namespace support {
 
 TerminalSession::TerminalSession(const std::string& language)
-    : m_display(Folder() / "wayland", QSize(1280, 800))
+    : m_language(language), m_display(Folder() / "wayland", QSize(1280, 800))
 {
-    StartApprover(language);
+    StartApprover();
 }
 
 TerminalSession::~TerminalSession() = default;
@@ -34,24 +34,29 @@ std::unique_ptr<Process> TerminalSession::Ask(const std::vector<std::string>& ar
     return StartCaller(Folder(), arguments, input);
 }
 
-void TerminalSession::StartApprover(const std::string& language)
+void TerminalSession::StartApprover()
 {
-    const Process::Command command{TVO_CERT_APPROVER,
-                                   {},
-                                   {{"TVO_RUNTIME_DIR", Folder()},
-                                    {"TVO_LANGUAGE", language},
-                                    {"XDG_RUNTIME_DIR", Folder()},
-                                    {"WAYLAND_DISPLAY", Folder() / "wayland"},
-                                    {"QT_QPA_PLATFORM", "wayland"},
-                                    {"QT_QUICK_BACKEND", "software"},
-                                    {"FONTCONFIG_FILE", TVO_FONTCONFIG_FILE},
-                                    {"TZ", "UTC"}},
-                                   {}};
+    const Process::Command command{
+        TVO_CERT_APPROVER, {}, TerminalEnvironment(Folder(), m_language), {}};
+    m_approver.reset();
     m_approver = std::make_unique<Process>(command);
     if (!m_approver->WaitForText("CertApprover is ready"))
     {
         throw std::runtime_error("The application is not ready:\n" + m_approver->Errors());
     }
+}
+
+std::map<std::string, std::string> TerminalEnvironment(const std::filesystem::path& folder,
+                                                       const std::string& language)
+{
+    return {{"TVO_RUNTIME_DIR", folder},
+            {"TVO_LANGUAGE", language},
+            {"XDG_RUNTIME_DIR", folder},
+            {"WAYLAND_DISPLAY", folder / "wayland"},
+            {"QT_QPA_PLATFORM", "wayland"},
+            {"QT_QUICK_BACKEND", "software"},
+            {"FONTCONFIG_FILE", TVO_FONTCONFIG_FILE},
+            {"TZ", "UTC"}};
 }
 
 std::unique_ptr<Process> StartCaller(const std::filesystem::path& runtimeFolder,

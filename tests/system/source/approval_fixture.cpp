@@ -5,7 +5,6 @@
 #include <stdexcept>
 #include <thread>
 
-using support::CertificateText;
 using support::TextStyle;
 
 QRect DialogOn(QSize screen)
@@ -37,20 +36,21 @@ TextStyle PanelValue()
     return {.pixelSize = 14, .background = PanelGrey, .wrapWidth = 265};
 }
 
-CertificateText Named(const std::string& commonName)
+CertificateSpec Named(const std::string& commonName)
 {
-    CertificateText text;
-    text.subject = {{"CN", commonName}};
-    return text;
+    return {.subject = {{"CN", commonName}},
+            .issuer = CertificateSpec::Name{{"CN", "Example Authority"}},
+            .notBefore = "20250101000000Z",
+            .notAfter = "20260101000000Z"};
 }
 
 ApprovalFixture::ApprovalFixture(const std::string& language) : terminal(language) {}
 
-ApprovalFixture::Caller ApprovalFixture::Ask(const CertificateText& text,
+ApprovalFixture::Caller ApprovalFixture::Ask(const CertificateSpec& spec,
                                              std::vector<std::string> arguments)
 {
     arguments.emplace_back("-");
-    return terminal.Ask(arguments, support::MakeCertificate(text).pem);
+    return terminal.Ask(arguments, MakeCertificate(spec).Pem());
 }
 
 testing::AssertionResult ApprovalFixture::DialogShows(const std::string& value)

@@ -7,9 +7,9 @@
 #include <QRect>
 #include <gmock/gmock.h>
 
-#include <support/certificate.h>
 #include <support/picture.h>
 #include <support/terminal_session.h>
+#include <tools/cert_approve/testing/make_certificate.h>
 
 inline constexpr QRgb Veil = qRgb(0x08, 0x18, 0x28);
 inline constexpr QRgb Black = qRgb(0, 0, 0);
@@ -28,8 +28,12 @@ QPoint BesideCaption(const QRect& button);
 /// How values of the information panel are drawn; its columns are equally wide.
 support::TextStyle PanelValue();
 
-/// A certificate that says nothing particular but this common name.
-support::CertificateText Named(const std::string& commonName);
+using cert_approve::testing::CertificateSpec;
+using cert_approve::testing::MakeCertificate;
+
+/// A certificate of the year 2025, by "Example Authority", that says nothing particular but this
+/// common name.
+CertificateSpec Named(const std::string& commonName);
 
 /// A terminal that is up, and what every test does with it.
 class ApprovalFixture : public testing::Test
@@ -40,7 +44,7 @@ protected:
     using Caller = std::unique_ptr<support::Process>;
 
     /// Starts a caller that asks about such a certificate.
-    Caller Ask(const support::CertificateText& text, std::vector<std::string> arguments = {});
+    Caller Ask(const CertificateSpec& spec, std::vector<std::string> arguments = {});
 
     /// Waits for the dialog with the text in its panel.
     testing::AssertionResult DialogShows(const std::string& value);

@@ -32,7 +32,7 @@ const BadCall BadCalls[] = {
     {"a port that is none", {"--connect", "127.0.0.1:65536"}, "", 2},
     {"nobody at the port", {"--connect", "127.0.0.1:1"}, "", 3},
     {"nobody at the port of IPv6", {"--connect", "[::1]:1"}, "", 3},
-    {"no service", {"-"}, support::MakeCertificate({}).pem, 4},
+    {"no service", {"-"}, MakeCertificate().Pem(), 4},
 };
 
 TEST(CallerWithoutTerminal, SaysInOneLineWhatIsWrong)
@@ -63,7 +63,7 @@ protected:
     CallerOfServer()
     {
         const auto folder = terminal.Folder();
-        std::ofstream(folder / "server.pem") << certificate.pem << certificate.keyPem;
+        std::ofstream(folder / "server.pem") << certificate.Pem() << certificate.KeyPem();
         server = std::make_unique<Process>(
             Process::Command{"openssl",
                              {"s_server",
@@ -104,7 +104,7 @@ protected:
         return contents;
     }
 
-    support::Certificate certificate = support::MakeCertificate(Named("tls.example"));
+    cert_approve::testing::MadeCertificate certificate = MakeCertificate(Named("tls.example"));
     std::unique_ptr<Process> server;
     std::string address;
 };
@@ -120,7 +120,7 @@ TEST_F(CallerOfServer, SavesAnApprovedCertificateAndReportsIt)
     EXPECT_EQ(report["issuer"].toString().toStdString(), "CN=Example Authority");
     EXPECT_EQ(report["validFrom"].toString().toStdString(), "2025-01-01T00:00:00Z");
     EXPECT_EQ(report["address"].toString().toStdString(), address);
-    EXPECT_EQ(ReadFile(report["saved"].toString().toStdString()), certificate.pem);
+    EXPECT_EQ(ReadFile(report["saved"].toString().toStdString()), certificate.Pem());
     EXPECT_EQ(SavedFiles().size(), 1U);
 }
 

@@ -1,11 +1,4 @@
-#include <algorithm>
-#include <filesystem>
-#include <system_error>
-
 #include <linux/input-event-codes.h>
-#include <sys/socket.h>
-#include <sys/un.h>
-#include <unistd.h>
 
 #include "approval_fixture.h"
 
@@ -73,75 +66,6 @@ TEST_F(ConcurrentCallers, AllHearOfTheEndOfTheService)
         EXPECT_EQ(caller->Output(), "");
         EXPECT_THAT(caller->Errors(), MatchesRegex("cert_approve: [^\n]+\n"));
     }
-}
-
-class RawClient final
-{
-public:
-    explicit RawClient(const std::filesystem::path& socketPath)
-    {
-        sockaddr_un address{};
-        address.sun_family = AF_UNIX;
-        socketPath.string().copy(address.sun_path, sizeof(address.sun_path) - 1);
-        if (connect(m_socket, reinterpret_cast<sockaddr*>(&address), sizeof(address)) != 0)
-        {
-            throw std::system_error(errno, std::generic_category(), socketPath);
-        }
-    }
-
-    ~RawClient()
-    {
-        close(m_socket);
-    }
-
-    RawClient(const RawClient&) = delete;
-    RawClient& operator=(const RawClient&) = delete;
-
-    void Send(const std::string& packet)
-    {
-        send(m_socket, packet.data(), packet.size(), MSG_NOSIGNAL);
-    }
-
-    /// Reads until the service closes the connection. False if it does not.
-    bool IsDropped()
-    {
-        const timeval limit{support::Patience.count(), 0};
-        setsockopt(m_socket, SOL_SOCKET, SO_RCVTIMEO, &limit, sizeof(limit));
-        char byte = 0;
-        ssize_t size = 1;
-        while (size > 0)
-        {
-            size = recv(m_socket, &byte, sizeof(byte), 0);
-        }
-        return size == 0 || errno == ECONNRESET;
-    }
-
-private:
-    int m_socket = socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0);
-};
-
-std::filesystem::path FindSocket(const std::filesystem::path& folder)
-{
-    const std::filesystem::directory_iterator entries(folder);
-    const auto found =
-        std::find_if(begin(entries),
-                     end(entries),
-                     [](const auto& entry) { return entry.path().extension() == ".sock"; });
-    return found == end(entries) ? "none" : found->path();
-}
-
-TEST_F(ConcurrentCallers, OneThatSendsGarbageLosesOnlyItsOwnConnection)
-{
-    const auto socketPath = FindSocket(terminal.Folder() / "servers");
-    RawClient mute(socketPath);
-    for (const std::size_t size : {1U, 31U, 32U, 33U, 4096U, 65536U})
-    {
-        RawClient client(socketPath);
-        client.Send(std::string(size, '\xa5'));
-        EXPECT_TRUE(client.IsDropped()) << size << " bytes";
-    }
-    const auto caller = AskAndWait("honest.example");
-    Answer(*caller, KEY_ENTER, "approve\n");
 }
 
 }  // namespace

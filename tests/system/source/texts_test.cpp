@@ -122,8 +122,8 @@ protected:
 
 TEST_P(TextsInEachLanguage, AreThoseOfTheTable)
 {
-    const auto certificate = support::MakeCertificate(Named("server.example"));
-    const auto caller = terminal.Ask({"--address", "192.0.2.1:8443", "-"}, certificate.pem);
+    const auto certificate = MakeCertificate(Named("server.example"));
+    const auto caller = terminal.Ask({"--address", "192.0.2.1:8443", "-"}, certificate.Pem());
     ASSERT_TRUE(DialogShows("CN=server.example"));
     const QImage screen = display.Screen();
     for (std::size_t i = 0; i < std::size(Styles); ++i)
@@ -133,7 +133,7 @@ TEST_P(TextsInEachLanguage, AreThoseOfTheTable)
     for (const std::string& value : {std::string("192.0.2.1:8443"),
                                      std::string("CN=Example Authority"),
                                      std::string("01.01.2025 00:00 - 01.01.2026 00:00"),
-                                     GroupedFingerprint(certificate.sha256)})
+                                     GroupedFingerprint(certificate.Sha256())})
     {
         EXPECT_TRUE(FindText(screen, value, PanelValue())) << value;
     }
@@ -176,11 +176,11 @@ protected:
 
 TEST_F(CallersTexts, AreNoMarkup)
 {
-    support::CertificateText text;
-    text.subject = {{"CN", "<b>x</b><img src='file:///etc/passwd'>"}};
-    text.issuer = {{"CN", "&lt;<h1>big</h1>"}};
+    CertificateSpec spec;
+    spec.subject = {{"CN", "<b>x</b><img src='file:///etc/passwd'>"}};
+    spec.issuer = CertificateSpec::Name{{"CN", "&lt;<h1>big</h1>"}};
     const std::string address = "<b>x</b><img src=\"a.png\">";
-    const auto caller = Ask(text, {"--address", address});
+    const auto caller = Ask(spec, {"--address", address});
     ASSERT_TRUE(DialogShows(address));
     const QImage screen = display.Screen();
     // RFC 2253 escapes angle brackets.
@@ -198,14 +198,14 @@ TEST_F(CallersTexts, ThatOverflowEveryLimitStayInTheirPanel)
     ASSERT_EQ(caller->ExitStatus(), 1);
     ASSERT_TRUE(display.WaitForNoToplevel());
 
-    support::CertificateText text;
-    text.subject = {{"CN", std::string(100'000, 'W')}, {"O", std::string(1000, 'i')}};
-    text.issuer = {{"CN", "Wide " + std::string(300, 'M')},
-                   {"O", "many words " + std::string(500, '-')}};
-    text.notAfter = 253402300799;  // the last second of the year 9999
-    const auto certificate = support::MakeCertificate(text);
-    caller = terminal.Ask({"--address", std::string(1000, 'A'), "-"}, certificate.pem);
-    ASSERT_TRUE(DialogShows(GroupedFingerprint(certificate.sha256)));
+    CertificateSpec spec = Named("");
+    spec.subject = {{"CN", std::string(100'000, 'W')}, {"O", std::string(1000, 'i')}};
+    spec.issuer = CertificateSpec::Name{{"CN", "Wide " + std::string(300, 'M')},
+                                        {"O", "many words " + std::string(500, '-')}};
+    spec.notAfter = "99991231235959Z";
+    const auto certificate = MakeCertificate(spec);
+    caller = terminal.Ask({"--address", std::string(1000, 'A'), "-"}, certificate.Pem());
+    ASSERT_TRUE(DialogShows(GroupedFingerprint(certificate.Sha256())));
     const QImage overflowing = display.Screen();
     EXPECT_TRUE(FindText(overflowing, "01.01.2025 00:00 - 31.12.9999 23:59", PanelValue()));
     EXPECT_EQ(PanelOn(overflowing), PanelOn(usual));

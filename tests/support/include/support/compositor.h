@@ -71,6 +71,10 @@ public:
     /// something may have changed, in the waiting thread, and must not call the compositor.
     [[nodiscard]] bool WaitForScreen(const std::function<bool(const QImage&)>& accepts);
 
+    /// Waits until the topmost toplevel has an opaque pixel of that colour at that place. Nothing
+    /// is composed for it, so the return tells when the picture came.
+    [[nodiscard]] bool WaitForPixel(QPoint place, QRgb color);
+
 private:
     struct Server;
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -24,6 +25,10 @@ public:
     [[nodiscard]] Compositor& Display();
     [[nodiscard]] Process& Approver();
 
+    /// Starts the application anew; one that still runs is killed.
+    /// @throws std::runtime_error, with what it wrote, if it does not become ready.
+    void StartApprover();
+
     /// A folder for the test's own files; gone with the session.
     [[nodiscard]] std::filesystem::path Folder() const;
 
@@ -32,12 +37,17 @@ public:
                                                const std::string& input = {}) const;
 
 private:
-    void StartApprover(const std::string& language);
-
+    std::string m_language;
     QTemporaryDir m_folder;
     Compositor m_display;
     std::unique_ptr<Process> m_approver;
 };
+
+/// What a program of a terminal finds in its environment: the display at the folder's "wayland",
+/// the rendezvous, the fonts, the language.
+[[nodiscard]] std::map<std::string, std::string> TerminalEnvironment(
+    const std::filesystem::path& folder,
+    const std::string& language);
 
 /// Starts cert_approve where TVO_RUNTIME_DIR is the folder, whether a terminal runs there or not.
 [[nodiscard]] std::unique_ptr<Process> StartCaller(const std::filesystem::path& runtimeFolder,

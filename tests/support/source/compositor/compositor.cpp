@@ -207,4 +207,15 @@ bool Compositor::WaitForScreen(const std::function<bool(const QImage&)>& accepts
         [&] { return accepts(server.surfaces.Compose(server.outputs.Mode(0), Background)); });
 }
 
+bool Compositor::WaitForPixel(QPoint place, QRgb color)
+{
+    const auto& stack = m_server->surfaces.Stack();
+    return m_server->WaitFor(
+        [&]
+        {
+            return !stack.empty() && stack.back()->content.valid(place) &&
+                   stack.back()->content.pixel(place) == color;
+        });
+}
+
 }  // namespace support

@@ -1,9 +1,11 @@
+#include <array>
 #include <stdexcept>
 
 #include <openssl/asn1.h>
 #include <openssl/bio.h>
 #include <openssl/evp.h>
 #include <openssl/pem.h>
+#include <openssl/sha.h>
 #include <openssl/x509v3.h>
 
 #include <tools/cert_approve/testing/make_certificate.h>
@@ -19,10 +21,9 @@ void Require(bool isGood, const char* what)
     }
 }
 
-void SetNames(X509* x509, const CertificateSpec& spec)
+void SetName(X509_NAME* name, const CertificateSpec::Name& entries)
 {
-    X509_NAME* const name = X509_get_subject_name(x509);
-    for (const auto& [type, value] : spec.subject)
+    for (const auto& [type, value] : entries)
     {
         // A plain ASN.1 type, unlike the MBSTRING ones, is neither checked nor limited.
         Require(X509_NAME_add_entry_by_txt(name,
@@ -34,7 +35,6 @@ void SetNames(X509* x509, const CertificateSpec& spec)
                                            0) == 1,
                 "name");
     }
-    Require(X509_set_issuer_name(x509, name) == 1, "issuer");
 }
 
 void SetDates(X509* x509, const CertificateSpec& spec)
@@ -82,6 +82,27 @@ std::string MadeCertificate::Pem() const
     return Written([this](BIO* bio) { return PEM_write_bio_X509(bio, x509.get()); });
 }
 
+std::string MadeCertificate::KeyPem() const
+{
+    return Written(
+        [this](BIO* bio) {
+            return PEM_write_bio_PrivateKey(bio, key.get(), nullptr, nullptr, 0, nullptr, nullptr);
+        });
+}
+
+std::string MadeCertificate::Sha256() const
+{
+    std::array<unsigned char, SHA256_DIGEST_LENGTH> digest{};
+    Require(X509_digest(x509.get(), EVP_sha256(), digest.data(), nullptr) == 1, "digest");
+    std::string text;
+    for (const unsigned char byte : digest)
+    {
+        constexpr char Digits[] = "0123456789ABCDEF";
+        text += {Digits[byte >> 4U], Digits[byte & 15U]};
+    }
+    return text;
+}
+
 MadeCertificate MakeCertificate(const CertificateSpec& spec)
 {
     MadeCertificate made{{X509_new(), &X509_free}, {EVP_EC_gen("P-256"), &EVP_PKEY_free}};
@@ -89,7 +110,8 @@ MadeCertificate MakeCertificate(const CertificateSpec& spec)
     Require(x509 != nullptr && made.key != nullptr, "objects");
     Require(X509_set_version(x509, X509_VERSION_3) == 1, "version");
     Require(ASN1_INTEGER_set(X509_get_serialNumber(x509), 1) == 1, "serial number");
-    SetNames(x509, spec);
+    SetName(X509_get_subject_name(x509), spec.subject);
+    SetName(X509_get_issuer_name(x509), spec.issuer.value_or(spec.subject));
     SetDates(x509, spec);
     AddAlternativeNames(x509, spec.alternativeNames);
     Require(X509_set_pubkey(x509, made.key.get()) == 1, "key");

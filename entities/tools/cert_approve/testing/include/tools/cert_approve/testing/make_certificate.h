@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -14,13 +15,16 @@ struct CertificateSpec
 {
     /// Pairs of a type (as "CN") and a value, which is stored as it stands, whatever its bytes and
     /// length.
-    std::vector<std::pair<std::string, std::string>> subject{{"C", "XX"}, {"CN", "server.test"}};
+    using Name = std::vector<std::pair<std::string, std::string>>;
+
+    Name subject{{"C", "XX"}, {"CN", "server.test"}};
+    std::optional<Name> issuer = std::nullopt;  ///< the subject, when it is not told
     std::string notBefore = "20240101000000Z";  ///< YYYYMMDDHHMMSSZ
     std::string notAfter = "20340101000000Z";
     int alternativeNames = 0;
 };
 
-/// A self-signed certificate with its key.
+/// A certificate with its key, by which it is signed whatever the issuer says.
 struct MadeCertificate
 {
     std::shared_ptr<X509> x509;
@@ -28,6 +32,10 @@ struct MadeCertificate
 
     [[nodiscard]] std::string Der() const;
     [[nodiscard]] std::string Pem() const;
+    [[nodiscard]] std::string KeyPem() const;
+
+    /// 64 upper-case hexadecimal digits.
+    [[nodiscard]] std::string Sha256() const;
 };
 
 /// @throws std::runtime_error
