@@ -123,35 +123,60 @@ TEST_F(Hostile, BrokenPacketsCostTheirSenderTheConnection)
         std::string place = Direct;
     };
     const auto foreign = MakeForeignDescriptors();
-    const int zero = foreign.back().second.Get();
-    const auto sealed = MakeArenaFile(std::vector<unsigned char>(90000).data(), 90000);
+    const std::vector<unsigned char> bytes(1048577);
+    const auto small = MakeArenaFile(bytes.data(), 65536);
+    const auto large = MakeArenaFile(bytes.data(), 1048577);
+    const RawSocket sound;
     const std::string fifth = Packet{.sequence = 5};
     std::vector<Row> rows{
         {"garbage", {"garbage"}},
         {"an empty packet", {""}},
         {"longer than any packet", {std::string(80'000, 'x')}},
-        {"cut", {Sound.substr(0, 100)}},
+        {"half a frame", {Sound.substr(0, 16)}},
+        {"no message", {Sound.substr(0, sizeof(Frame))}},
+        {"one byte short", {Sound.substr(0, Sound.size() - 1)}},
+        {"one byte too many", {Sound + "x"}},
+        {"another format", {Packet{.magic = FrameMagic ^ 1}}},
+        {"the next version", {Packet{.magic = FrameMagic + (1U << 24)}}},
         {"a reply", {Reply}},
-        {"a handshake", {Packet{.kind = FrameKind::Connect}}},
-        {"larger than the server's buffer", {Packet{.messageBytes = 4096}}},
+        {"a handshake", {AskFor("service")}},
+        {"an unknown kind", {Packet{.kind = FrameKind{0xFF}}}},
+        {"unknown flags", {Packet{.flags = 2}}},
+        {"a message shorter than its header", {Packet{.messageBytes = 23}}},
+        {"a message too large", {Packet{.messageBytes = 4097}}},
+        {"a huge message size", {std::string(Sound).replace(24, 4, "\xFF\xFF\xFF\xFF")}},
+        {"a size word above the size", {Packet{.sizeWord = 81}}},
+        {"a size word of zero", {Packet{.sizeWord = 0}}},
         {"a larger arena than was sent", {Packet{.arenaBytes = 10}}},
-        {"an arena larger than the server's",
-         {Packet{.flags = 1, .arenaBytes = 90000}},
-         {sealed.Get()}},
+        {"an arena too large for a packet", {Packet{.arena = std::string(65537, 'x')}}},
+        {"sizes that wrap round", {Packet{.arenaBytes = 0xFFFFFFFF}}},
+        {"no arena file", {Packet{.flags = 1, .arenaBytes = 70000}}},
+        {"a small arena file", {Packet{.flags = 1, .arenaBytes = 65536}}, {small.Get()}},
+        {"a large arena file", {Packet{.flags = 1, .arenaBytes = 1048577}}, {large.Get()}},
         {"sequence zero", {Packet{.sequence = 0}}},
         {"a sequence twice", {fifth, fifth}},
         {"a sequence that falls", {fifth, Packet{.sequence = 4}}},
         {"an answer that was never sent", {Packet{.sequence = 5, .acknowledged = 4}}},
-        {"a handle beyond the count", {Packet{.handles = 1, .mask = 2}}, {zero}},
-        {"more handles than asked for", {Packet{.handles = 2, .mask = 3}}, {zero, zero}},
+        {"a handle beyond the count", {Packet{.handles = 2, .mask = 4}}, {sound.Get()}},
+        {"a handle of no slot", {Packet{.mask = 1}}, {sound.Get()}},
         {"fewer descriptors than handles", {Packet{.handles = 1, .mask = 1}}},
-        {"more descriptors than handles", {Packet{.handles = 1, .mask = 1}}, {zero, zero}},
-        {"a descriptor for nothing", {Sound}, {zero}},
-        {"twenty descriptors", {Sound}, std::vector<int>(20, zero)},
-        {"no arena file", {Packet{.flags = 1, .arenaBytes = 70000}}},
-        {"garbage instead of a name", {"garbage"}, {}, Asking},
-        {"a request instead of a name", {Sound}, {}, Asking},
-        {"names that do not fit", {Packet{.kind = FrameKind::Connect}}, {}, Asking},
+        {"more descriptors than handles",
+         {Packet{.handles = 1, .mask = 1}},
+         {sound.Get(), sound.Get()}},
+        {"slots behind the message", {Packet{.handles = 4, .mask = 1}}, {sound.Get()}},
+        {"nine slots", {Packet{.messageBytes = 4096, .handles = 9}}},
+        {"a descriptor for nothing", {Sound}, {sound.Get()}},
+        {"twenty descriptors", {Sound}, std::vector<int>(20, sound.Get())},
+        {"name: garbage", {"garbage"}, {}, Asking},
+        {"name: a request", {Sound}, {}, Asking},
+        {"name: none of the service", {AskFor("", "client")}, {}, Asking},
+        {"name: none of the client", {AskFor("service", "")}, {}, Asking},
+        {"name: too long", {AskFor(std::string(256, 's'))}, {}, Asking},
+        {"name: too long a client's", {AskFor("service", std::string(65, 'c'))}, {}, Asking},
+        {"name: not printable", {AskFor("ser\nvice")}, {}, Asking},
+        {"name: not printable either", {AskFor(std::string("ser\0vice", 8))}, {}, Asking},
+        {"name: longer than told", {AskFor("service", "client", 1)}, {}, Asking},
+        {"name: much longer", {AskFor("service", "client", 0xFFFFFFFF)}, {}, Asking},
     };
     for (const auto& [what, descriptor] : foreign)
     {
@@ -178,6 +203,24 @@ TEST_F(Hostile, BrokenPacketsCostTheirSenderTheConnection)
             }
         };
         Suffer({row.what, misbehave, 1});
+    }
+}
+
+TEST_F(Hostile, PacketsBeyondTheReceiversRoomCostTheConnection)
+{
+    Endpoint endpoint("small");
+    WzTvoSetTransportTimeouts(&endpoint.transport, 50, 0);
+    for (const Packet& packet : {Packet{.messageBytes = 81},
+                                 Packet{.handles = 1},
+                                 Packet{.arena = "five!"},
+                                 Packet{.arena = "four"}})
+    {
+        const RawSocket raw = RawSocket::ConnectedTo("connections/small");
+        raw.Send(packet);
+        const bool fits = packet.arena == "four";
+        Letter request(80, 4);
+        EXPECT_EQ(Receive(endpoint.transport, request), fits ? XoOk : WzTimedOut);
+        EXPECT_TRUE(fits || raw.Read().empty());
     }
 }
 
@@ -388,13 +431,6 @@ auto Replying(Packet packet, const std::vector<int>& descriptors = {})
     return Answering(packet, descriptors);
 }
 
-auto Telling(int verdict)
-{
-    return Answering(Packet{.kind = FrameKind::Verdict,
-                            .messageBytes = 32,
-                            .fields = {static_cast<std::uint32_t>(verdict), 1}});
-}
-
 void BeSilent(const RawSocket& listening)
 {
     const RawSocket server = listening.Accept();
@@ -466,8 +502,8 @@ TEST_F(Hostile, ServersInTheHandshakeGiveACode)
     const HostileServer rows[] = {
         {"garbage", XoBroken, Answering("garbage")},
         {"a reply", XoBroken, Answering(Reply)},
-        {"a code with a meaning", XoRefused, Telling(-11)},
-        {"gone, it says", XoRefused, Telling(XoObjectGone)},
+        {"a code with a meaning", XoRefused, Answering(Verdict(-11))},
+        {"gone, it says", XoRefused, Answering(Verdict(XoObjectGone))},
         {"silent", XoTimedOut, BeSilent, 100},
         {"killed before it accepts", XoObjectGone, DyingAfter(0)},
         {"killed before it reads", XoObjectGone, DyingAfter(1)},

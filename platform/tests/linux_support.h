@@ -254,6 +254,14 @@ inline std::string AskFor(const std::string& service,
                   .arena = service + client};
 }
 
+/// The answer to one.
+inline std::string Verdict(int result, std::uint32_t riid = 1)
+{
+    return Packet{.kind = FrameKind::Verdict,
+                  .messageBytes = 32,
+                  .fields = {static_cast<std::uint32_t>(result), riid}};
+}
+
 /// Takes the entity's name and publishes a service, once in a process. The interface is named like
 /// the entity.
 inline bool PublishAs(const char* entity, const char* service)

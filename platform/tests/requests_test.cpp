@@ -11,13 +11,6 @@
 namespace platform::tests {
 namespace {
 
-std::string Verdict(int result)
-{
-    return Packet{.kind = FrameKind::Verdict,
-                  .messageBytes = 32,
-                  .fields = {static_cast<std::uint32_t>(result), result == XoOk ? 1U : 65535U}};
-}
-
 /// Requests for connections, in a program of their own: a process publishes under one name.
 class Requests : public LinuxTest
 {
@@ -63,7 +56,7 @@ TEST_F(Requests, ForWhatIsNotOfferedHoldNobodyUp)
     const auto isRefused = [](const RawSocket& raw)
     {
         pollfd state{raw.Get(), POLLIN, 0};
-        return ::poll(&state, 1, 0) == 1 && raw.Read() == Verdict(XoNoResources);
+        return ::poll(&state, 1, 0) == 1 && raw.Read() == Verdict(XoNoResources, 65535);
     };
     EXPECT_EQ(std::count_if(others.begin(), others.end(), isRefused), 201 - MaxPendingRequests)
         << "made room";

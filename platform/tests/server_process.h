@@ -15,8 +15,7 @@ void RefuseMemory();
 
 /// A server in a process of its own, under a static name and with one published service. Like the
 /// programs that serve for real it has a thread for requests, and one that lets clients in and
-/// pauses after a service that it does not know. A request may have 80 bytes, 80000 of arena and
-/// one handle.
+/// pauses after a service that it does not know. It has room for the largest requests.
 class ServerProcess
 {
 public:
@@ -86,10 +85,10 @@ private:
             ::setrlimit(RLIMIT_NOFILE, &few);
         }
         m_ready.Give();
-        for (Letter request(80, 80000);;)
+        for (Letter request(4096, MaxArenaBytes);;)
         {
-            request.Head().size = 80;
-            request.SetHandles(1);
+            request.Head().size = 4096;
+            request.SetHandles(MaxHandles);
             if (Receive(endpoint.transport, request) == XoOk)
             {
                 Answer(endpoint.transport, request);
@@ -119,9 +118,9 @@ private:
 
     static void Answer(WzTvoTransport& transport, Letter& request)
     {
-        if (HandleCount(request.Head()) == 1)
+        for (std::size_t i = 0; i < HandleCount(request.Head()); ++i)
         {
-            XoHandleClose(request.Slot(0).handle);
+            XoHandleClose(request.Slot(i).handle);
         }
         request.Head().size = 80;
         const std::uint64_t bytes = ::mallinfo2().uordblks;
