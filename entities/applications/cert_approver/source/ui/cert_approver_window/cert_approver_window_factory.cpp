@@ -12,6 +12,7 @@
 
 #include "ui/cert_approver_window/cert_approver_window_presenter.h"
 #include "ui/cert_approver_window/cert_approver_window_view.h"
+#include "ui/prompt_incubation_controller.h"
 
 namespace cert_approver::ui {
 
@@ -78,6 +79,11 @@ std::shared_ptr<IWindow> CertApproverWindowFactory::CreateWindow()
 
 void CertApproverWindowFactory::LoadDocument()
 {
+    // A window brings a controller of its own where the engine has none.
+    if (m_engine->incubationController() == nullptr)
+    {
+        m_engine->setIncubationController(new PromptIncubationController(m_engine.data()));
+    }
     const auto loadedBefore = m_engine->rootObjects().size();
     m_engine->load(QUrl(QString::fromLatin1(Document)));
     // Qt has logged the reason. Without the document, calls would wait for a dialog that never
