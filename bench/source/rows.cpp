@@ -1,0 +1,64 @@
+#include "rows.h"
+
+#include "bus_calls.h"
+#include "event_wake_ups.h"
+#include "log_lines.h"
+#include "server_process.h"
+#include "socket_calls.h"
+#include "terminal_calls.h"
+#include "window_rows.h"
+
+namespace tvo::bench {
+namespace {
+
+std::unique_ptr<Contender> MakeCallsOfOne()
+{
+    return MakeSmallCalls(1);
+}
+
+std::unique_ptr<Contender> MakeCallsOfOneAmong64()
+{
+    return MakeSmallCalls(64);
+}
+
+}  // namespace
+
+std::vector<Row> AllRows()
+{
+    return {
+        {"call_small", 1.25, MakeCallsOfOne, MakePacketCalls},
+#ifdef TVO_BENCH_SDBUS
+        {"call_small_sdbus", 0.90, MakeCallsOfOne, MakePeerBusCalls},
+        {"call_small_dbus_daemon", 0.34, MakeCallsOfOne, MakeDaemonBusCalls},
+#endif
+        {"call_64_clients", 1.15, MakeCallsOfOneAmong64, MakeCallsOfOne},
+        {"call_560k", 5.8, MakeLargeCalls, MakeStreamCalls},
+        {"approve_roundtrip", 1.6, MakeApprovals, MakeCallsOfOne},
+        {"event_wakeup", 1.3, MakeEventWakeUps, MakePacketWakeUps},
+        {"log_suppressed", 1.5, MakeSuppressedLines, MakeVirtualCalls},
+        {"log_written", 1.3, MakeWrittenLines, MakeSpdlogLines},
+        {"request_to_pixel", 1.3, MakeRequests, MakeLoads, 41, Processors::All},
+#ifdef TVO_BENCH_QML_TOOL
+        {"start_to_ready", 1.3, MakeApplicationStarts, MakeToolStarts, 21, Processors::All},
+#endif
+    };
+}
+
+const std::map<std::string, Server>& ServersByName()
+{
+    static const std::map<std::string, Server> servers{
+        {"approvals", ServeApprovals},
+#ifdef TVO_BENCH_SDBUS
+        {"daemon_bus", ServeDaemonBus},
+        {"peer_bus", ServePeerBus},
+#endif
+        {"echo", ServeEcho},
+        {"event_wake_ups", ServeEventWakeUps},
+        {"packet_wake_ups", ServePacketWakeUps},
+        {"packets", ServePackets},
+        {"stream", ServeStream},
+    };
+    return servers;
+}
+
+}  // namespace tvo::bench
