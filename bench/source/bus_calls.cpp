@@ -1,10 +1,10 @@
 #include "bus_calls.h"
 
 #include <csignal>
-#include <cstdlib>
 #include <fstream>
 #include <stdexcept>
 
+#include <fcntl.h>
 #include <poll.h>
 #include <sys/prctl.h>
 #include <sys/socket.h>
@@ -13,6 +13,7 @@
 #include <systemd/sd-bus.h>
 #include <unistd.h>
 
+#include "runtime_folder.h"
 #include "server_process.h"
 #include "sizes.h"
 
@@ -151,7 +152,7 @@ private:
 class Daemon
 {
 public:
-    Daemon() : m_folder(std::getenv("TVO_RUNTIME_DIR"))
+    Daemon() : m_folder(RuntimeFolderPath())
     {
         const std::string configuration = m_folder + "/bus.conf";
         std::ofstream(configuration)
@@ -168,6 +169,8 @@ public:
         if (m_pid == 0)
         {
             ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+            // It complains about descriptors that it does not need.
+            ::dup2(::open("/dev/null", O_WRONLY), STDERR_FILENO);
             ::execlp("dbus-daemon",
                      "dbus-daemon",
                      "--nofork",

@@ -46,8 +46,6 @@ template <typename Operation>
 class Repeated final : public Contender
 {
 public:
-    explicit Repeated(Operation operation) : m_operation(std::move(operation)) {}
-
     void Run(int count) override
     {
         for (int i = 0; i < count; ++i)

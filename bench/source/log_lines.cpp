@@ -47,55 +47,91 @@ void LogIntoNothing()
                          std::make_shared<ForgetfulSink<spdlog::details::null_mutex>>()));
 }
 
-template <typename Operation>
-std::unique_ptr<Contender> Repeat(Operation operation)
+class SuppressedLine
 {
-    return std::make_unique<Repeated<Operation>>(std::move(operation));
-}
+public:
+    void operator()()
+    {
+        TVO_LOG_DEBUG("the manager has changed state {} of {}", ++m_number, Tag);
+    }
+
+private:
+    int m_number = 0;
+};
+
+class VirtualCall
+{
+public:
+    void operator()()
+    {
+        if (m_question->IsEnabled(1))
+        {
+            ++m_number;
+        }
+    }
+
+private:
+    std::shared_ptr<IQuestion> m_question = MakeDenial();
+    int m_number = 0;
+};
+
+// No two lines in a row are equal, or they would be joined.
+class WrittenLine
+{
+public:
+    void operator()()
+    {
+        TVO_LOG_INFO("the manager has changed state {} of {}", ++m_number, Tag);
+    }
+
+private:
+    int m_number = 0;
+};
+
+class SpdlogLine
+{
+public:
+    SpdlogLine()
+    {
+        m_logger.set_formatter(std::make_unique<spdlog::pattern_formatter>(Layout));
+    }
+
+    void operator()()
+    {
+        m_logger.log(spdlog::source_loc(__FILE__, __LINE__, __func__),
+                     spdlog::level::info,
+                     "the manager has changed state {} of {}",
+                     ++m_number,
+                     Tag);
+    }
+
+private:
+    spdlog::logger m_logger{Tag, std::make_shared<ForgetfulSink<std::mutex>>()};
+    int m_number = 0;
+};
 
 }  // namespace
 
 std::unique_ptr<Contender> MakeSuppressedLines()
 {
     LogIntoNothing();
-    return Repeat([number = 0]() mutable
-                  { TVO_LOG_DEBUG("the manager has changed state {} of {}", ++number, Tag); });
+    return std::make_unique<Repeated<SuppressedLine>>();
 }
 
 std::unique_ptr<Contender> MakeVirtualCalls()
 {
-    return Repeat(
-        [question = MakeDenial(), number = 0]() mutable
-        {
-            if (question->IsEnabled(1))
-            {
-                ++number;
-            }
-        });
+    return std::make_unique<Repeated<VirtualCall>>();
 }
 
 std::unique_ptr<Contender> MakeWrittenLines()
 {
     LogIntoNothing();
-    // No two lines in a row are equal, or they would be joined.
-    return Repeat([number = 0]() mutable
-                  { TVO_LOG_INFO("the manager has changed state {} of {}", ++number, Tag); });
+    return std::make_unique<Repeated<WrittenLine>>();
 }
 
 std::unique_ptr<Contender> MakeSpdlogLines()
 {
-    auto logger =
-        std::make_shared<spdlog::logger>(Tag, std::make_shared<ForgetfulSink<std::mutex>>());
-    logger->set_formatter(std::make_unique<spdlog::pattern_formatter>(Layout));
-    return Repeat(
-        [logger, number = 0]() mutable
-        {
-            logger->log(spdlog::source_loc(__FILE__, __LINE__, __func__),
-                        spdlog::level::info,
-                        "the manager has changed state {} of {}",
-                        ++number,
-                        Tag);
-        });
+    return std::make_unique<Repeated<SpdlogLine>>();
 }
 
 }  // namespace tvo::bench

@@ -28,7 +28,7 @@ void Measure(benchmark::State& state, const Row& row)
     {
         const Placement placement(row.processors);
         Pair pair(row);
-        for (auto _ : state)
+        while (state.KeepRunning())
         {
             state.SetIterationTime(pair.Measure().ours.count() * 1e-9);
         }

@@ -23,4 +23,14 @@ RuntimeFolder::~RuntimeFolder()
     std::filesystem::remove_all(m_path, ignored);
 }
 
+std::string RuntimeFolderPath()
+{
+    const char* const path = std::getenv("TVO_RUNTIME_DIR");
+    if (path == nullptr)
+    {
+        throw std::runtime_error("no folder for the rendezvous");
+    }
+    return path;
+}
+
 }  // namespace tvo::bench

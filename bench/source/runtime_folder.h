@@ -18,4 +18,8 @@ private:
     std::string m_path;
 };
 
+/// @returns the path of the folder in use
+/// @throws std::runtime_error  there is none
+std::string RuntimeFolderPath();
+
 }  // namespace tvo::bench

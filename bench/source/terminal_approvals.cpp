@@ -4,6 +4,7 @@
 #include <component/cert_approver/tvo_ipc/cert_approver_stub.h>
 #include <component/cert_approver/tvo_ipc/client.h>
 #include <component/cert_approver/tvo_ipc/service_names.h>
+#include <component/logger/logger.h>
 
 #include "business/cert_approver_cert_data_interactor.h"
 #include "business/cert_approver_request_handler.h"
@@ -49,14 +50,14 @@ private:
     const std::shared_ptr<interactors::ICertApproverVerdictSetter> m_verdicts;
 };
 
-/// Texts of everyday length, together as long as the small call's arena.
+/// Texts of everyday length, together nearly as long as the small call's arena.
 certs::cert_service::CertData EverydayCertificate()
 {
     return {"CN=Vantelore Test Authority,OU=Terminals,O=Vantelore,L=Springfield,C=US",
             "CN=desktop.example.net,OU=Remote Desktops,O=Vantelore,L=Springfield,C=US",
             1'700'000'000'000'000,
             1'800'000'000'000'000,
-            "SHA-256 " + std::string(SmallArenaBytes - 72 - 72 - 24 - 8, 'f'),
+            "SHA-256 " + std::string(95, 'f'),
             "desktop.example.net:3389"};
 }
 
@@ -92,6 +93,7 @@ std::unique_ptr<Contender> MakeApprovals()
 
 void ServeApprovals(const std::vector<std::string>& /*arguments*/)
 {
+    ::tvo::logger::TVOLogger::Setup("BENCH", ::tvo::logger::LogLevel::Warning, nullptr);
     const auto certData = std::make_shared<interactors::CertApproverCertDataInteractor>();
     const auto verdicts = std::make_shared<interactors::CertApproverVerdictInteractor>();
     stub::CertApproverComponent component(std::make_shared<CertApproverRequestHandler>(

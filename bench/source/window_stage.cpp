@@ -1,7 +1,6 @@
 #include "window_stage.h"
 
 #include <chrono>
-#include <cstdlib>
 #include <ctime>
 #include <stdexcept>
 #include <thread>
@@ -9,6 +8,8 @@
 #include <linux/input-event-codes.h>
 
 #include <support/terminal_session.h>
+
+#include "runtime_folder.h"
 
 namespace tvo::bench {
 namespace {
@@ -41,7 +42,7 @@ void WindowStage::Start(const std::filesystem::path& program,
 {
     auto environment = support::TerminalEnvironment(Folder(), "en-US");
     // Where this process looks for services.
-    environment["TVO_RUNTIME_DIR"] = std::getenv("TVO_RUNTIME_DIR");
+    environment["TVO_RUNTIME_DIR"] = RuntimeFolderPath();
     environment["XDG_CACHE_HOME"] = Folder() / "cache";
     // Qt's tool takes the language of its texts from here.
     environment["LC_ALL"] = "C.UTF-8";
