@@ -67,6 +67,15 @@ void ConnectionRequests::AddService(std::string service)
 int ConnectionRequests::Listen(const Deadline& deadline, ConnectRequest& request)
 {
     std::unique_lock lock(m_mutex);
+    const int result = ListenLocked(lock, deadline, request);
+    m_nextLook = NextLook();
+    return result;
+}
+
+int ConnectionRequests::ListenLocked(std::unique_lock<std::mutex>& lock,
+                                     const Deadline& deadline,
+                                     ConnectRequest& request)
+{
     for (;;)
     {
         // New ones first, so that one that is reported again and again hides nobody. The second
@@ -292,9 +301,10 @@ void ConnectionRequests::Arm()
     m_armed = wanted;
 }
 
-int ConnectionRequests::WaitTime(const Deadline& deadline) const
+/// When there is something to do that no socket tells.
+Deadline::Clock::time_point ConnectionRequests::NextLook() const
 {
-    auto until = deadline.When();
+    auto until = Deadline::Clock::time_point::max();
     const bool full = m_requests.size() >= MaxPendingRequests;
     for (const auto& [number, request] : m_requests)
     {
@@ -309,7 +319,26 @@ int ConnectionRequests::WaitTime(const Deadline& deadline) const
     {
         until = std::min(until, m_restUntil);
     }
+    return until;
+}
+
+int ConnectionRequests::WaitTime(const Deadline& deadline) const
+{
+    const auto until = std::min(deadline.When(), NextLook());
     return until == Deadline::Clock::time_point::max() ? -1 : Deadline::MillisecondsUntil(until);
+}
+
+int ConnectionRequests::DueIn()
+{
+    const std::lock_guard lock(m_mutex);
+    const auto next = ChooseNext();
+    if (next != m_requests.end() && next->second.reported == 0)
+    {
+        return 0;
+    }
+    return m_nextLook == Deadline::Clock::time_point::max()
+               ? -1
+               : Deadline::MillisecondsUntil(m_nextLook);
 }
 
 std::optional<ConnectionRequests::Taken> ConnectionRequests::Take(const char* client,

@@ -11,6 +11,7 @@
 #include "descriptor.h"
 #include "handshake.h"
 #include "peer.h"
+#include "waitable.h"
 
 namespace platform {
 
@@ -18,7 +19,7 @@ inline constexpr std::size_t MaxPendingRequests = 128;
 
 /// Clients that ask for a connection and wait for the verdict, on the socket under which this
 /// process has published its services. Any thread may use it at any time.
-class ConnectionRequests final
+class ConnectionRequests final : public Waitable
 {
 public:
     /// Of the process; null before the first service was published.
@@ -48,6 +49,13 @@ public:
     /// Puts back what could not be accepted.
     void PutBack(Taken taken, const char* client, const char* service);
 
+    int WaitDescriptor() const override
+    {
+        return m_epoll.Get();
+    }
+
+    int DueIn() override;
+
 private:
     struct Request
     {
@@ -62,6 +70,9 @@ private:
 
     explicit ConnectionRequests(Descriptor listeningSocket);
 
+    int ListenLocked(std::unique_lock<std::mutex>& lock,
+                     const Deadline& deadline,
+                     ConnectRequest& request);
     bool Collect(std::unique_lock<std::mutex>& lock, int timeout);
     void TakeFromBacklog();
     void ReadRequest(Requests::iterator row);
@@ -72,6 +83,7 @@ private:
     Requests::iterator ChooseNext();
     bool IsPublished(const Request& request) const;
     void Arm();
+    Deadline::Clock::time_point NextLook() const;
     int WaitTime(const Deadline& deadline) const;
     bool Watch(int descriptor, std::uint64_t number);
 
@@ -80,6 +92,7 @@ private:
     Backlog m_backlog;
     bool m_armed = true;
     Deadline::Clock::time_point m_restUntil;
+    Deadline::Clock::time_point m_nextLook = Deadline::Clock::time_point::max();
     std::uint64_t m_nextNumber = 1;
     std::uint64_t m_nextReport = 1;
     Requests m_requests;  ///< by number, which is the order of arrival

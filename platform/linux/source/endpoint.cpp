@@ -1,5 +1,6 @@
 #include "endpoint.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <utility>
 
@@ -74,7 +75,7 @@ int Endpoint::Receive(const Deadline& deadline,
                       wz_arena* arena,
                       WzTvoOrigin& origin)
 {
-    for (;;)
+    for (std::size_t overtime = 0;;)
     {
         epoll_event event;
         const int rest = m_restUntil != 0 ? RestLeft() : -1;
@@ -97,8 +98,9 @@ int Endpoint::Receive(const Deadline& deadline,
                 return *result;
             }
         }
-        // Peers that only make trouble must not hold the caller longer than it wants.
-        if (deadline.HasPassed())
+        // What is no request may hide one, so there is a look behind it even when the time is up.
+        // Peers that only make trouble must not hold the caller longer than it wants, though.
+        if (deadline.HasPassed() && (found <= 0 || ++overtime > MaxConnections))
         {
             return WzTimedOut;
         }
@@ -256,6 +258,11 @@ void Endpoint::RemoveLocked(std::uint64_t id)
     }
     const auto connection = std::exchange(m_slots[slot], nullptr);
     m_free.push_back(static_cast<std::uint32_t>(slot));
+    if (m_keepsEnded)
+    {
+        m_ended.push_back(id);
+        m_hasEnded = true;
+    }
     ::epoll_ctl(m_epoll.Get(), EPOLL_CTL_DEL, connection->Socket(), nullptr);
     connection->End();
 }
@@ -334,6 +341,39 @@ int Endpoint::RestLeft()
         ::epoll_ctl(m_epoll.Get(), EPOLL_CTL_MOD, m_backlog->Socket(), &event);
     }
     return -1;
+}
+
+unsigned long Endpoint::TakeEnded(unsigned long count, std::uint64_t* ids)
+{
+    if (!m_hasEnded)
+    {
+        return 0;
+    }
+    const std::lock_guard lock(m_mutex);
+    const auto taken = std::min(count, m_ended.size());
+    const auto end = m_ended.begin() + static_cast<std::ptrdiff_t>(taken);
+    std::copy(m_ended.begin(), end, ids);
+    m_ended.erase(m_ended.begin(), end);
+    m_hasEnded = !m_ended.empty();
+    return taken;
+}
+
+void Endpoint::Joined()
+{
+    const std::lock_guard lock(m_mutex);
+    m_keepsEnded = true;
+}
+
+int Endpoint::DueIn()
+{
+    if (m_hasEnded)
+    {
+        return 0;
+    }
+    const Deadline::Clock::duration restUntil(m_restUntil);
+    return restUntil.count() != 0
+               ? Deadline::MillisecondsUntil(Deadline::Clock::time_point(restUntil))
+               : -1;
 }
 
 void Endpoint::Close()

@@ -15,6 +15,7 @@
 #include "object.h"
 #include "peer.h"
 #include "server_connection.h"
+#include "waitable.h"
 
 namespace platform {
 
@@ -23,7 +24,7 @@ inline constexpr std::size_t MaxConnections = 1024;
 /// A place where requests are received: an epoll set over its connections and, for a static
 /// connection name, over the socket that takes new ones. One event a wait gives order of arrival
 /// and fairness. Any thread may use it at any time.
-class Endpoint final : public Object
+class Endpoint final : public Object, public Waitable
 {
 public:
     static constexpr ObjectKind HandleKind = ObjectKind::Endpoint;
@@ -55,7 +56,18 @@ public:
         return m_hasName;
     }
 
+    /// Hands out the ids of connections that have ended since the endpoint was added to a wait set.
+    unsigned long TakeEnded(unsigned long count, std::uint64_t* ids);
+
     void Close() override;
+
+    int WaitDescriptor() const override
+    {
+        return m_epoll.Get();
+    }
+
+    int DueIn() override;
+    void Joined() override;
 
 private:
     Endpoint();
@@ -81,6 +93,9 @@ private:
     std::vector<std::shared_ptr<ServerConnection>> m_slots;
     std::vector<std::uint32_t> m_free;
     std::optional<BoundName> m_name;
+    bool m_keepsEnded = false;
+    std::vector<std::uint64_t> m_ended;
+    std::atomic<bool> m_hasEnded = false;
 
     std::mutex m_backlogMutex;
     std::optional<Backlog> m_backlog;

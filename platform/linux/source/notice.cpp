@@ -3,13 +3,8 @@
 #include <xo/notice.h>
 
 #include "handle_table.h"
-#include "notice_set.h"
+#include "notice_object.h"
 #include "pause.h"
-
-struct SNotice
-{
-    std::shared_ptr<platform::NoticeSet> set;
-};
 
 using namespace platform;
 

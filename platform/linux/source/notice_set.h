@@ -12,12 +12,13 @@
 #include "deadline.h"
 #include "descriptor.h"
 #include "event_object.h"
+#include "waitable.h"
 
 namespace platform {
 
 /// What is behind an `SNotice`: an epoll set over the waiting ends of event objects. Any thread may
 /// use it at any time.
-class NoticeSet final : public std::enable_shared_from_this<NoticeSet>
+class NoticeSet final : public Waitable, public std::enable_shared_from_this<NoticeSet>
 {
 public:
     /// @returns null when there are no descriptors left
@@ -43,6 +44,11 @@ public:
 
     /// Lets all objects go.
     void Clear();
+
+    int WaitDescriptor() const override
+    {
+        return m_epoll.Get();
+    }
 
 private:
     struct Subscription

@@ -9,6 +9,7 @@ enum class ObjectKind
     ClientConnection,
     EventSetter,
     EventWaiter,
+    Process,
 };
 
 /// What a handle stands for. Shared by the handle table and every thread that is using it; the last

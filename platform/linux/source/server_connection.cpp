@@ -73,6 +73,8 @@ const char* ServerConnection::TakeSequence(const Frame& frame)
     m_received = frame.sequence;
     m_acknowledged = frame.acknowledged;
     m_owed = frame.sequence;
+    // Who asks anew has given up what it had asked before.
+    m_ticket = 0;
     return nullptr;
 }
 

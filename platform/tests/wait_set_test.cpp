@@ -1,0 +1,256 @@
+// Several things waited for at once, and children as one of them. In a program of its own: a
+// process publishes under one name.
+
+#include <gmock/gmock.h>
+#include <sys/resource.h>
+
+#include <tvo/process.h>
+#include <tvo/wait_set.h>
+#include <wz/endpoint.h>
+
+#include "linux_support.h"
+
+namespace platform::tests {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::UnorderedElementsAre;
+using Keys = std::vector<std::uint64_t>;
+
+constexpr const char* Entity = "vx.tests.WaitSet";
+constexpr const char* Servers = "servers/vx.tests.WaitSet";
+constexpr const char* Connections = "connections/awaited";
+
+std::uint32_t StartShell(const char* script)
+{
+    const char* const arguments[] = {"child", "-c", script, nullptr};
+    const TvoProgram program{"/bin/sh", arguments, nullptr};
+    std::uint32_t handle = XoInvalidHandle;
+    std::uint32_t pid = 0;
+    EXPECT_EQ(TvoProcessStart(&program, &handle, &pid), XoOk);
+    return handle;
+}
+
+class WaitSetTest : public LinuxTest
+{
+protected:
+    static void SetUpTestSuite()
+    {
+        static const bool published = PublishAs(Entity, "offered");
+        ASSERT_TRUE(published);
+    }
+
+    WaitSetTest()
+    {
+        EXPECT_EQ(TvoWaitSetCreate(&set), XoOk);
+        WzTvoSetTransportTimeouts(&endpoint.transport, 0, 0);
+    }
+
+    ~WaitSetTest() override
+    {
+        TvoWaitSetRelease(set);
+    }
+
+    /// @returns the keys of what is ready
+    Keys Wait(std::uint32_t timeout = 10'000)
+    {
+        Keys keys(10);
+        unsigned long received = 0;
+        result = TvoWaitSetWait(set, timeout, keys.size(), keys.data(), &received);
+        keys.resize(received);
+        return keys;
+    }
+
+    Keys Ended() const
+    {
+        Keys ids(3);
+        unsigned long received = 0;
+        EXPECT_EQ(WzTvoEndpointGetEnded(endpoint.handle, ids.size(), ids.data(), &received), XoOk);
+        ids.resize(received);
+        return ids;
+    }
+
+    int Receive()
+    {
+        return tests::Receive(endpoint.transport, letter);
+    }
+
+    int Listen()
+    {
+        return XoCmListen(nullptr, 0, client, service);
+    }
+
+    void Say(const char* place, const std::string& words)
+    {
+        raw.push_back(RawSocket::ConnectedTo(place));
+        raw.back().Send(words);
+    }
+
+    /// Something happens and is reported until the operation has done what there is to do.
+    void ExpectReady(std::uint64_t key,
+                     const std::function<void()>& happen,
+                     const std::function<int()>& operation)
+    {
+        SCOPED_TRACE(key);
+        EXPECT_THAT(Wait(0), IsEmpty());
+        EXPECT_EQ(result, XoTimedOut);
+        happen();
+        EXPECT_THAT(Wait(), ElementsAre(key));
+        EXPECT_THAT(Wait(), ElementsAre(key)) << "nothing was done about it";
+        EXPECT_EQ(operation(), XoOk);
+    }
+
+    Endpoint endpoint{"awaited"};
+    Letter letter;
+    char client[XoCmNameSize] = {};
+    char service[XoCmNameSize] = {};
+    std::vector<RawSocket> raw;
+    STvoWaitSet* set = nullptr;
+    int result = XoOk;
+};
+
+TEST_F(WaitSetTest, EachIsReadyUntilItsOperationHasNothingToDo)
+{
+    SNotice* notice = nullptr;
+    std::uint32_t setter = 0;
+    std::uint32_t waiter = 0;
+    EventDesc event{};
+    unsigned long count = 0;
+    XoNoticeCreate(&notice);
+    XoEventCreate(&setter, &waiter);
+    XoNoticeSubscribeToObject(notice, waiter, 2, 0);
+    EXPECT_EQ(TvoWaitSetAddHandle(set, endpoint.handle, 1), XoOk);
+    EXPECT_EQ(TvoWaitSetAddNotice(set, notice, 2), XoOk);
+    EXPECT_EQ(TvoWaitSetAddConnectionRequests(set, 3), XoOk);
+    EXPECT_EQ(TvoWaitSetAddTermination(set, 4), XoOk);
+    EXPECT_EQ(TvoWaitSetAddNotice(set, notice, 1), XoInvalidArgument) << "key in use";
+    EXPECT_EQ(TvoWaitSetAddNotice(set, notice, 9), XoInvalidArgument) << "added already";
+    EXPECT_EQ(TvoWaitSetAddHandle(set, setter, 9), XoObjectGone) << "nothing to wait for";
+    EXPECT_EQ(TvoWaitSetRemove(set, 9), XoInvalidArgument);
+
+    ExpectReady(
+        1, [&] { Say(Connections, Packet()); }, [&] { return Receive(); });
+    ExpectReady(
+        2,
+        [&] { XoNoticeSetObjectEvent(setter, 2); },
+        [&] { return XoNoticeGetEvent(notice, 0, 1, &event, &count); });
+    const auto askTwice = [&]
+    {
+        Say(Servers, AskFor("offered"));
+        Say(Servers, AskFor("offered"));
+    };
+    ExpectReady(3, askTwice, [&] { return Listen(); });
+    EXPECT_THAT(Wait(0), ElementsAre(3)) << "the other one";
+    EXPECT_EQ(Listen(), XoOk);
+    ExpectReady(
+        1, [&] { Say(Connections, Packet()); }, [&] { return Receive(); });
+
+    ::kill(::getpid(), SIGTERM);
+    EXPECT_THAT(Wait(), ElementsAre(4));
+    EXPECT_THAT(Wait(0), IsEmpty()) << "used up";
+    TvoWaitSetWake(set);
+    EXPECT_THAT(Wait(), IsEmpty());
+    EXPECT_EQ(result, XoOk) << "woken";
+    raw.clear();
+    EXPECT_EQ(Listen(), XoTimedOut);
+    XoNoticeRelease(notice);
+    XoHandleClose(setter);
+    XoHandleClose(waiter);
+}
+
+TEST_F(WaitSetTest, EndsOfConnectionsAreToldAndHideNoRequest)
+{
+    ASSERT_EQ(TvoWaitSetAddHandle(set, endpoint.handle, 7), XoOk);
+    Keys ids;
+    for (int i = 0; i < 5; ++i)
+    {
+        WzTvoPeer peer{};
+        Say(Connections, Packet());
+        ASSERT_EQ(Receive(), XoOk);
+        ASSERT_EQ(WzTvoTransportGetPeer(&endpoint.transport, &peer), XoOk);
+        ids.push_back(peer.connection);
+    }
+    EXPECT_EQ(Receive(), WzTimedOut);
+    EXPECT_THAT(Ended(), IsEmpty());
+    raw[0].Send(Packet());  // its number does not rise
+    raw[1].Close();
+    raw[2].Close();
+    raw[3].Close();
+    raw[4].Send(Packet{.sequence = 2});
+    ASSERT_EQ(Receive(), XoOk) << "behind the ends";
+    EXPECT_THAT(Wait(), ElementsAre(7));
+    EXPECT_THAT(Ended(), UnorderedElementsAre(ids[0], ids[1], ids[2]));
+    EXPECT_THAT(Wait(), ElementsAre(7));
+    EXPECT_THAT(Ended(), ElementsAre(ids[3]));
+    EXPECT_THAT(Wait(0), IsEmpty());
+}
+
+TEST_F(WaitSetTest, RestingListenersComeBack)
+{
+    const auto expectRest = [&](const char* place, const std::string& words, auto operation)
+    {
+        Say(place, words);
+        ASSERT_THAT(Wait(), ElementsAre(1));
+        rlimit limit{};
+        ::getrlimit(RLIMIT_NOFILE, &limit);
+        const rlimit none{3, limit.rlim_max};
+        ::setrlimit(RLIMIT_NOFILE, &none);
+        EXPECT_NE(operation(), XoOk) << "no descriptor for the client";
+        ::setrlimit(RLIMIT_NOFILE, &limit);
+        do
+        {
+            ASSERT_THAT(Wait(), ElementsAre(1)) << "nothing more happens but time";
+        } while (operation() != XoOk);
+        TvoWaitSetRemove(set, 1);
+    };
+    TvoWaitSetAddHandle(set, endpoint.handle, 1);
+    expectRest(Connections, Packet(), [&] { return Receive(); });
+    TvoWaitSetAddConnectionRequests(set, 1);
+    expectRest(Servers, AskFor("offered"), [&] { return Listen(); });
+    EXPECT_EQ(XoCmDrop(client, service), XoOk);
+}
+
+TEST_F(WaitSetTest, ChildBeginsAfreshAndItsEndIsTold)
+{
+    // Whatever this process has made of its signals.
+    const auto former = std::signal(SIGPIPE, SIG_IGN);
+    ASSERT_EQ(TvoWaitSetAddTermination(set, 0), XoOk);
+    const struct
+    {
+        const char* script;
+        std::int32_t status;
+        std::uint32_t bySignal = 0;
+        std::optional<TvoProcessSignal> signal = {};
+    } rows[] = {
+        {"exit 3", 3},
+        {"kill -9 $$", 9, 1},
+        {"grep -c '^Sig[BI][lg][kn]:.0000000000000000' /proc/self/status | grep -qx 2", 0},
+        {"set -- $(cat /proc/$$/stat); test $5 = $$", 0},  // leads its group
+        {"while true; do sleep 100; done", 15, 1, TvoProcessSignal::Terminate},
+        {"while true; do sleep 100; done", 9, 1, TvoProcessSignal::Kill},
+    };
+    for (const auto& row : rows)
+    {
+        SCOPED_TRACE(row.script);
+        const std::uint32_t child = StartShell(row.script);
+        TvoProcessEnd end{};
+        EXPECT_EQ(TvoWaitSetAddHandle(set, child, 1), XoOk);
+        if (row.signal)
+        {
+            EXPECT_EQ(TvoProcessGetEnd(child, &end), XoTimedOut);
+            EXPECT_EQ(TvoProcessSend(child, *row.signal), XoOk);
+        }
+        EXPECT_THAT(Wait(), ElementsAre(1));
+        EXPECT_EQ(TvoProcessGetEnd(child, &end), XoOk);
+        EXPECT_EQ(end.status, row.status);
+        EXPECT_EQ(end.bySignal, row.bySignal);
+        EXPECT_EQ(TvoProcessSend(child, TvoProcessSignal::Kill), XoObjectGone);
+        TvoWaitSetRemove(set, 1);
+        EXPECT_EQ(XoHandleClose(child), XoOk);
+    }
+    std::signal(SIGPIPE, former);
+}
+
+}  // namespace
+}  // namespace platform::tests
