@@ -1,0 +1,39 @@
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <iosfwd>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <component/settings_manager/i_settings_manager.h>
+
+#include "output.h"
+
+namespace tvoctl {
+
+/// Connects to a store of settings.
+/// @param patience  how long the service may take to appear
+/// @throws Failure  NoService
+using ConnectSettings = std::function<std::shared_ptr<settings_manager::ISettingsManager>(
+    const std::string& server,
+    std::chrono::milliseconds patience)>;
+
+/// What the commands have around them.
+struct Environment
+{
+    ConnectSettings connectSettings;
+    /// From the call on, SIGINT and SIGTERM end the program with 0, behind a whole line of output.
+    std::function<void()> endOnSignals;
+    /// Waits until a watched service is to be looked at again.
+    /// @returns false to watch no longer
+    std::function<bool()> keepWatching;
+    std::istream& in;
+    Output& out;
+    bool isJson = false;
+    /// What is left as it is at the end of the program: to close it takes time and has no use.
+    std::vector<std::shared_ptr<const void>> kept = {};
+};
+
+}  // namespace tvoctl
