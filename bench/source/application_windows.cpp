@@ -5,7 +5,9 @@
 
 #include <component/cert_approver/tvo_ipc/client.h>
 #include <component/plk/exceptions.h>
+#include <support/settings_service.h>
 
+#include "runtime_folder.h"
 #include "window_rows.h"
 #include "window_stage.h"
 
@@ -93,6 +95,7 @@ public:
     }
 
 private:
+    support::SettingsService m_settings{RuntimeFolderPath(), "en-US"};
     std::unique_ptr<Client> m_client;
     std::future<Verdict> m_answer;
     // Goes first: a call that is still waiting ends with the application.
@@ -118,6 +121,7 @@ public:
     }
 
 private:
+    support::SettingsService m_settings{RuntimeFolderPath(), "en-US"};
     std::unique_ptr<Client> m_client;
     std::future<Verdict> m_answer;
     // Goes first: a call that is still waiting ends with the application.

@@ -40,7 +40,7 @@ WindowStage::WindowStage() : m_display(Folder() / "wayland", ScreenSize) {}
 void WindowStage::Start(const std::filesystem::path& program,
                         const std::vector<std::string>& arguments)
 {
-    auto environment = support::TerminalEnvironment(Folder(), "en-US");
+    auto environment = support::TerminalEnvironment(Folder());
     // Where this process looks for services.
     environment["TVO_RUNTIME_DIR"] = RuntimeFolderPath();
     environment["XDG_CACHE_HOME"] = Folder() / "cache";

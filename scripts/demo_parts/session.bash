@@ -1,5 +1,5 @@
-# The processes of the demo: a compositor and the approval application in a folder of their own, and
-# their end. Sourced by scripts/demo.
+# The processes of the demo: a compositor, the settings service and the approval application in a
+# folder of their own, and their end. Sourced by scripts/demo.
 
 # What runs as root may use a compositor that another user runs; sway itself refuses to be root.
 sway_user=65534
@@ -13,6 +13,7 @@ start_session() {
     chmod 0711 "$folder"
     mkdir -m 0700 "$folder/sway" "$folder/terminal"
     start_sway
+    start_settings
     start_approver
 }
 
@@ -103,8 +104,27 @@ find_session() {
     fi
 }
 
+# The setting that fits the language of the user's session.
+setting_of_language() {
+    case ${LC_ALL:-${LC_MESSAGES:-${LANG:-}}} in
+        ru*) echo ru-RU ;;
+        es*) echo es-MX ;;
+        pt*) echo pt-BR ;;
+        *) echo en-US ;;
+    esac
+}
+
+start_settings() {
+    TVO_RUNTIME_DIR=$folder/terminal "$root/build/release/bin/settings_manager" \
+        --database "$folder/terminal/settings.sqlite" >"$folder/settings_manager.log" 2>&1 &
+    children+=("$!")
+    TVO_RUNTIME_DIR=$folder/terminal "$root/build/release/bin/tvoctl" settings --wait 30 \
+        set --create profiles/locale/language "$(setting_of_language)" ||
+        give_up "the settings service does not start" "$folder/settings_manager.log"
+}
+
 is_ready() {
-    grep -q "CertApprover is ready" "$folder/cert_approver.log"
+    grep -qs "CertApprover is ready" "$folder/cert_approver.log"
 }
 
 start_approver() {

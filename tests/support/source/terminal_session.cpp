@@ -6,7 +6,7 @@
 namespace support {
 
 TerminalSession::TerminalSession(const std::string& language)
-    : m_language(language), m_display(Folder() / "wayland", QSize(1280, 800))
+    : m_display(Folder() / "wayland", QSize(1280, 800)), m_settings(Folder(), language)
 {
     StartApprover();
 }
@@ -16,6 +16,11 @@ TerminalSession::~TerminalSession() = default;
 Compositor& TerminalSession::Display()
 {
     return m_display;
+}
+
+SettingsService& TerminalSession::Settings()
+{
+    return m_settings;
 }
 
 Process& TerminalSession::Approver()
@@ -36,8 +41,7 @@ std::unique_ptr<Process> TerminalSession::Ask(const std::vector<std::string>& ar
 
 void TerminalSession::StartApprover()
 {
-    const Process::Command command{
-        TVO_CERT_APPROVER, {}, TerminalEnvironment(Folder(), m_language), {}};
+    const Process::Command command{TVO_CERT_APPROVER, {}, TerminalEnvironment(Folder()), {}};
     m_approver.reset();
     m_approver = std::make_unique<Process>(command);
     if (!m_approver->WaitForText("CertApprover is ready"))
@@ -46,11 +50,9 @@ void TerminalSession::StartApprover()
     }
 }
 
-std::map<std::string, std::string> TerminalEnvironment(const std::filesystem::path& folder,
-                                                       const std::string& language)
+std::map<std::string, std::string> TerminalEnvironment(const std::filesystem::path& folder)
 {
     return {{"TVO_RUNTIME_DIR", folder},
-            {"TVO_LANGUAGE", language},
             {"XDG_RUNTIME_DIR", folder},
             {"WAYLAND_DISPLAY", folder / "wayland"},
             {"QT_QPA_PLATFORM", "wayland"},

@@ -37,6 +37,11 @@ struct Language
     std::array<const char*, std::size(Styles)> texts;
 };
 
+void PrintTo(const Language& language, std::ostream* out)
+{
+    *out << language.code;
+}
+
 const Language Languages[] = {
     {"en-US",
      {"Add certificate",

@@ -6,10 +6,12 @@
 
 #include <component/logger/logger.h>
 #include <component/plk/exceptions.h>
+#include <shared/common_utils/settings/read_setting_value.h>
 #include <shared/common_utils_ui/log/qt_logger_support.h>
 #include <tvo/platform_log.h>
 
 #include "config/logger.h"
+#include "language_setting.h"
 #include "ui/cert_approver_window/cert_approver_window_factory.h"
 
 namespace cert_approver {
@@ -35,18 +37,18 @@ void LogPlatformLine(TvoPlatformLogLevel level, const char* text)
 
 OsApplication::OsApplication(
     QString&& appName,
-    LanguageReaderFactory languageReaderFactory,
+    std::shared_ptr<settings_manager::ISettingsManager> settingsManager,
     std::shared_ptr<vdi::common_utils_ui::window::IWindowResizer> windowResizer,
     QPointer<QQmlApplicationEngine> engine)
     : m_translationInstaller(vdi::common_utils_ui::translate::CreateTranslationInstaller()),
-      m_languageReaderFactory(std::move(languageReaderFactory)),
+      m_settingsManager(std::move(settingsManager)),
       m_certDataInteractor(std::make_shared<interactors::CertApproverCertDataInteractor>()),
       m_verdictInteractor(std::make_shared<interactors::CertApproverVerdictInteractor>()),
       m_windowResizer(std::move(windowResizer)),
       m_engine(std::move(engine))
 {
     SetAppName(appName);
-    ZIN_CHECK(m_languageReaderFactory != nullptr, "LanguageReaderFactory is null");
+    ZIN_CHECK(m_settingsManager != nullptr, "PersistentSettingsManager is null");
     ZIN_CHECK(m_translationInstaller != nullptr, "TranslationInstaller is null");
     ZIN_CHECK(m_windowResizer != nullptr, "WindowResizer is null");
     ZIN_CHECK(!m_engine.isNull(), "QQmlApplicationEngine is null");
@@ -70,7 +72,8 @@ void OsApplication::installTranslator()
 
 std::string OsApplication::Language() const
 {
-    return m_languageReaderFactory(DefaultLanguage)->ReadValue();
+    return vdi::common_utils::settings::ReadSettingValue<std::string>(
+        m_settingsManager, LanguagePath, DefaultLanguage);
 }
 
 std::unique_ptr<windows::components::IWindowFactory> OsApplication::Factory()
@@ -80,7 +83,7 @@ std::unique_ptr<windows::components::IWindowFactory> OsApplication::Factory()
     return std::make_unique<ui::CertApproverWindowFactory>(m_engine,
                                                            m_certDataInteractor,
                                                            m_verdictInteractor,
-                                                           m_languageReaderFactory,
+                                                           m_settingsManager,
                                                            m_windowResizer,
                                                            std::move(paletteIdInteractor),
                                                            std::move(paletteFactory));

@@ -7,6 +7,7 @@
 #include <QQmlApplicationEngine>
 #include <QString>
 
+#include <component/settings_manager/i_settings_manager.h>
 #include <shared/common_utils_ui/translate/translation_installer.h>
 #include <shared/common_utils_ui/window/i_window.h>
 #include <shared/common_utils_ui/window/window_resizer.h>
@@ -15,7 +16,6 @@
 
 #include "business/cert_approver_cert_data_interactor.h"
 #include "business/cert_approver_verdict_interactor.h"
-#include "language_reader_factory.h"
 
 namespace cert_approver {
 
@@ -28,7 +28,7 @@ public:
     /// @param engine  not owned
     /// @throws zin::CheckFailedException  a collaborator is missing
     OsApplication(QString&& appName,
-                  LanguageReaderFactory languageReaderFactory,
+                  std::shared_ptr<settings_manager::ISettingsManager> settingsManager,
                   std::shared_ptr<vdi::common_utils_ui::window::IWindowResizer> windowResizer,
                   QPointer<QQmlApplicationEngine> engine);
 
@@ -39,8 +39,8 @@ public:
     /// are shown then.
     void installTranslator();
 
-    /// @returns the terminal's language, or "en_EN" where none is set. That is no language which
-    ///          the translations know, so the installer falls to its own default.
+    /// @returns the terminal's language, or "en_EN" where none can be read. That is no language
+    ///          which the translations know, so the installer falls to its own default.
     [[nodiscard]] std::string Language() const;
 
     [[nodiscard]] std::unique_ptr<windows::components::IWindowFactory> Factory();
@@ -56,7 +56,7 @@ public:
 
 private:
     std::unique_ptr<vdi::common_utils_ui::translate::ITranslationInstaller> m_translationInstaller;
-    LanguageReaderFactory m_languageReaderFactory;
+    std::shared_ptr<settings_manager::ISettingsManager> m_settingsManager;
     std::shared_ptr<interactors::CertApproverCertDataInteractor> m_certDataInteractor;
     std::shared_ptr<interactors::CertApproverVerdictInteractor> m_verdictInteractor;
     // Both stay empty: the application follows no palette setting.

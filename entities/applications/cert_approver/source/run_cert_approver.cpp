@@ -13,10 +13,10 @@
 #include <component/cert_approver/tvo_ipc/cert_approver_stub.h>
 #include <component/cert_approver/tvo_ipc/service_names.h>
 #include <component/logger/logger.h>
+#include <component/plk/exceptions.h>
 #include <component/plk/process_exception.h>
 #include <component/plk/result_code_text.h>
 #include <shared/common_utils/app_utils/get_app_name.h>
-#include <shared/common_utils/settings/language_reader.h>
 #include <shared/common_utils_ui/window/window_resizer.h>
 
 #include "business/cert_approver_request_handler.h"
@@ -49,11 +49,6 @@ void UseUtf8()
     {
         TVO_LOG_WARNING("Locale {} is not available", Utf8Locale);
     }
-}
-
-std::unique_ptr<ILanguageReader> MakeLanguageReader(std::string defaultValue)
-{
-    return std::make_unique<vdi::common_utils::settings::LanguageReader>(std::move(defaultValue));
 }
 
 std::shared_ptr<IWindow> MakeWindow(OsApplication& application)
@@ -90,7 +85,7 @@ int Serve(const OsApplication& application, std::shared_ptr<IWindow> window)
     return status;
 }
 
-int Run(int& argc, char** argv)
+int Run(int& argc, char** argv, SettingsManagerCreator createSettingsManager)
 {
     std::vector<const char*> arguments(argv, argv + argc);
     [[maybe_unused]] const auto appName =
@@ -105,8 +100,11 @@ int Run(int& argc, char** argv)
 
     const auto windowResizer = vdi::common_utils_ui::window::CreateWindowResizer();
     QQmlApplicationEngine engine;
+    std::shared_ptr<settings_manager::ISettingsManager> settingsManager;
+    ZIN_CHECK_RESULT(createSettingsManager(settingsManager),
+                     "Failed to create persistent settings manager");
     OsApplication application(QString::fromLatin1(QtAppName),
-                              &MakeLanguageReader,
+                              std::move(settingsManager),
                               windowResizer,
                               QPointer<QQmlApplicationEngine>(&engine));
     TVO_LOG_TRACE("[main] cert_approver::OsApplication is created");
@@ -118,12 +116,12 @@ int Run(int& argc, char** argv)
 
 }  // namespace
 
-int RunCertApprover(int argc, char** argv)
+int RunCertApprover(int argc, char** argv, SettingsManagerCreator createSettingsManager)
 {
     UseUtf8();
     try
     {
-        return Run(argc, argv);
+        return Run(argc, argv, createSettingsManager);
     }
     catch (...)
     {

@@ -9,7 +9,9 @@
 #include <gtest/gtest.h>
 
 #include <component/cert_approver/tvo_ipc/client.h>
+#include <component/plk/result_codes.h>
 #include <platform/testing/platform_double.h>
+#include <shared/common_utils/testing/fake_settings_manager.h>
 #include <tvo/service_locator.h>
 #include <xo/handle.h>
 
@@ -26,12 +28,18 @@ struct Outcome
     std::string log;
 };
 
-Outcome RunOnce()
+int MakeSettings(std::shared_ptr<settings_manager::ISettingsManager>& manager)
+{
+    manager = std::make_shared<settings_manager::testing::FakeSettingsManager>();
+    return 0;
+}
+
+Outcome RunOnce(SettingsManagerCreator createSettingsManager = &MakeSettings)
 {
     char name[] = "cert_approver";
     char* arguments[] = {name, nullptr};
     ::testing::internal::CaptureStderr();
-    const int status = RunCertApprover(1, arguments);
+    const int status = RunCertApprover(1, arguments, createSettingsManager);
     return {status, ::testing::internal::GetCapturedStderr()};
 }
 
@@ -107,6 +115,15 @@ TEST_F(RunCertApproverTest, AFailedStageEndsTheProcessWithItsText)
         EXPECT_THAT(outcome.log, HasSubstr(row.text));
         EXPECT_EQ(ServiceLocatorConnect("cert_approver_id"), XoInvalidHandle) << "given back";
     }
+}
+
+TEST_F(RunCertApproverTest, WithoutSettingsEndsWithTheirCode)
+{
+    const auto outcome = RunOnce([](auto&) { return plk::codes::MediaError; });
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.log,
+                HasSubstr("[main] CertApprover start with error: Media error = 0x80000059"));
+    EXPECT_THAT(outcome.log, HasSubstr("Failed to create persistent settings manager"));
 }
 
 }  // namespace

@@ -12,9 +12,10 @@
 #include <QtTest/QTest>
 #include <gtest/gtest.h>
 
-#include <shared/common_utils/settings/language_reader.h>
+#include <shared/common_utils/testing/fake_settings_manager.h>
 
 #include "cert_approver_app.h"
+#include "language_setting.h"
 #include "register_qml.h"
 #include "ui/cert_approver_window/cert_approver_window_view.h"
 
@@ -36,7 +37,7 @@ public:
     /// Makes the hidden window.
     void Load(const std::string& language)
     {
-        qputenv("TVO_LANGUAGE", language.c_str());
+        settings->settings[LanguagePath] = {language};
         app.installTranslator();
         view = std::dynamic_pointer_cast<ui::CertApproverWindowView>(app.Factory()->CreateWindow());
         ASSERT_NE(view, nullptr);
@@ -116,15 +117,11 @@ public:
     QGuiApplication application{argc, argv};
     std::shared_ptr<vdi::common_utils_ui::window::IWindowResizer> resizer =
         vdi::common_utils_ui::window::CreateWindowResizer();
+    std::shared_ptr<settings_manager::testing::FakeSettingsManager> settings =
+        std::make_shared<settings_manager::testing::FakeSettingsManager>();
     std::shared_ptr<ui::CertApproverWindowView> view;
     QQmlApplicationEngine engine;
-    OsApplication app{QStringLiteral("cert_approver"),
-                      [](std::string fallback) {
-                          return std::make_unique<vdi::common_utils::settings::LanguageReader>(
-                              std::move(fallback));
-                      },
-                      resizer,
-                      &engine};
+    OsApplication app{QStringLiteral("cert_approver"), settings, resizer, &engine};
     QQuickWindow* quick = nullptr;
 };
 

@@ -3,6 +3,8 @@
 #include <memory>
 #include <thread>
 
+#include <component/plk/result_codes.h>
+
 #include "window_fixture.h"
 
 namespace cert_approver {
@@ -84,6 +86,21 @@ TEST_F(ApprovalWindow, ALanguageTakesEffectWithTheNextCertificate)
     view->SetSystemLanguage("ar-EG");
     EXPECT_EQ(Property("validData"), before);
     EXPECT_TRUE(Validity(0).startsWith(QString::fromUtf8("\u0660\u0661.")));
+}
+
+TEST_F(ApprovalWindow, DatesFollowTheLanguageOfEachShowing)
+{
+    const auto shown = [this]
+    {
+        view->Hide();
+        view->Show();
+        return Property("validData").left(2);
+    };
+    const auto before = shown();
+    settings->settings[LanguagePath] = {"ar-EG"};
+    EXPECT_NE(shown(), before);
+    settings->result = plk::codes::MediaError;
+    EXPECT_EQ(shown(), before) << "the service is gone";
 }
 
 TEST_F(ApprovalWindow, OffTheQtThreadTheWholeShowingIsQueued)

@@ -9,12 +9,13 @@
 
 #include <support/compositor.h>
 #include <support/process.h>
+#include <support/settings_service.h>
 
 namespace support {
 
-/// A running terminal in a folder of its own, mode 0700: a compositor with
-/// a screen of 1280 x 800 and the approval application,
-/// ready to be asked. The destructor takes everything down again.
+/// A running terminal in a folder of its own, mode 0700: a compositor with a screen of 1280 x 800,
+/// the settings service and the approval application, ready to be asked. The destructor takes
+/// everything down again.
 class TerminalSession final
 {
 public:
@@ -23,6 +24,7 @@ public:
     ~TerminalSession();
 
     [[nodiscard]] Compositor& Display();
+    [[nodiscard]] SettingsService& Settings();
     [[nodiscard]] Process& Approver();
 
     /// Starts the application anew; one that still runs is killed.
@@ -37,17 +39,16 @@ public:
                                                const std::string& input = {}) const;
 
 private:
-    std::string m_language;
     QTemporaryDir m_folder;
     Compositor m_display;
+    SettingsService m_settings;
     std::unique_ptr<Process> m_approver;
 };
 
 /// What a program of a terminal finds in its environment: the display at the folder's "wayland",
-/// the rendezvous, the fonts, the language.
+/// the rendezvous, the fonts.
 [[nodiscard]] std::map<std::string, std::string> TerminalEnvironment(
-    const std::filesystem::path& folder,
-    const std::string& language);
+    const std::filesystem::path& folder);
 
 /// Starts cert_approve where TVO_RUNTIME_DIR is the folder, whether a terminal runs there or not.
 [[nodiscard]] std::unique_ptr<Process> StartCaller(const std::filesystem::path& runtimeFolder,

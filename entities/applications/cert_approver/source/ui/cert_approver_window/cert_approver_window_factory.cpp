@@ -9,7 +9,9 @@
 
 #include <component/logger/logger.h>
 #include <component/plk/exceptions.h>
+#include <shared/common_utils/settings/sm_setting_accessor.h>
 
+#include "language_setting.h"
 #include "ui/cert_approver_window/cert_approver_window_presenter.h"
 #include "ui/cert_approver_window/cert_approver_window_view.h"
 #include "ui/prompt_incubation_controller.h"
@@ -18,6 +20,8 @@ namespace cert_approver::ui {
 
 namespace {
 
+using vdi::common_utils::settings::SmSettingAccessor;
+using vdi::common_utils::settings::SmSettingValueWriter;
 using windows::components::IWindow;
 
 constexpr char Document[] = "qrc:/qml/cert_approver/Window.qml";
@@ -28,14 +32,14 @@ CertApproverWindowFactory::CertApproverWindowFactory(
     QPointer<QQmlApplicationEngine> engine,
     std::shared_ptr<interactors::ICertApproverCertDataGetter> certDataGetter,
     std::shared_ptr<interactors::ICertApproverVerdictSetter> verdictSetter,
-    LanguageReaderFactory languageReaderFactory,
+    std::shared_ptr<settings_manager::ISettingsManager> settingsManager,
     std::shared_ptr<vdi::common_utils_ui::window::IWindowResizer> windowResizer,
     std::shared_ptr<vdi::uikit::utils::style::IPaletteIdInteractor> paletteIdInteractor,
     std::shared_ptr<vdi::uikit::utils::style::IPaletteFactory> paletteFactory)
     : m_engine(std::move(engine)),
       m_certDataGetter(std::move(certDataGetter)),
       m_verdictSetter(std::move(verdictSetter)),
-      m_languageReaderFactory(std::move(languageReaderFactory)),
+      m_settingsManager(std::move(settingsManager)),
       m_windowResizer(std::move(windowResizer)),
       m_paletteIdInteractor(std::move(paletteIdInteractor)),
       m_paletteFactory(std::move(paletteFactory))
@@ -43,7 +47,7 @@ CertApproverWindowFactory::CertApproverWindowFactory(
     ZIN_CHECK(!m_engine.isNull(), "QQmlEngine is null");
     ZIN_CHECK(m_certDataGetter != nullptr, "CertApproverCertDataGetter is null");
     ZIN_CHECK(m_verdictSetter != nullptr, "CertApproverVerdictSetter is null");
-    ZIN_CHECK(m_languageReaderFactory != nullptr, "LanguageReaderFactory is null");
+    ZIN_CHECK(m_settingsManager != nullptr, "SettingsManager is null");
     ZIN_CHECK(m_windowResizer != nullptr, "WindowResizer is null");
     ZIN_CHECK(m_paletteIdInteractor != nullptr, "PaletteIdInteractor is null");
     ZIN_CHECK(m_paletteFactory != nullptr, "PaletteFactory is null");
@@ -54,8 +58,10 @@ std::shared_ptr<IWindow> CertApproverWindowFactory::CreateWindow()
     try
     {
         // Without a language set, dates keep the locale they have.
+        auto language = std::make_unique<SmSettingAccessor<std::string, SmSettingValueWriter>>(
+            m_settingsManager, LanguagePath, "");
         auto presenter = std::make_unique<CertApproverWindowPresenter>(
-            m_certDataGetter, m_verdictSetter, m_languageReaderFactory(""));
+            m_certDataGetter, m_verdictSetter, std::move(language));
         auto view = std::make_shared<CertApproverWindowView>(m_engine->rootContext(),
                                                              std::move(presenter),
                                                              m_paletteIdInteractor,

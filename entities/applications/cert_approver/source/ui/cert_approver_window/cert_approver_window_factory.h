@@ -5,6 +5,7 @@
 #include <QPointer>
 #include <QQmlApplicationEngine>
 
+#include <component/settings_manager/i_settings_manager.h>
 #include <shared/common_utils_ui/window/i_window.h>
 #include <shared/common_utils_ui/window/window_resizer.h>
 #include <shared/ui_kit/style/palette_factory.h>
@@ -12,7 +13,6 @@
 
 #include "business/i_cert_approver_cert_data_interactor.h"
 #include "business/i_cert_approver_verdict_interactor.h"
-#include "language_reader_factory.h"
 
 namespace cert_approver::ui {
 
@@ -25,7 +25,7 @@ public:
         QPointer<QQmlApplicationEngine> engine,
         std::shared_ptr<interactors::ICertApproverCertDataGetter> certDataGetter,
         std::shared_ptr<interactors::ICertApproverVerdictSetter> verdictSetter,
-        LanguageReaderFactory languageReaderFactory,
+        std::shared_ptr<settings_manager::ISettingsManager> settingsManager,
         std::shared_ptr<vdi::common_utils_ui::window::IWindowResizer> windowResizer,
         std::shared_ptr<vdi::uikit::utils::style::IPaletteIdInteractor> paletteIdInteractor,
         std::shared_ptr<vdi::uikit::utils::style::IPaletteFactory> paletteFactory);
@@ -40,7 +40,7 @@ private:
     QPointer<QQmlApplicationEngine> m_engine;
     std::shared_ptr<interactors::ICertApproverCertDataGetter> m_certDataGetter;
     std::shared_ptr<interactors::ICertApproverVerdictSetter> m_verdictSetter;
-    LanguageReaderFactory m_languageReaderFactory;
+    std::shared_ptr<settings_manager::ISettingsManager> m_settingsManager;
     std::shared_ptr<vdi::common_utils_ui::window::IWindowResizer> m_windowResizer;
     std::shared_ptr<vdi::uikit::utils::style::IPaletteIdInteractor> m_paletteIdInteractor;
     std::shared_ptr<vdi::uikit::utils::style::IPaletteFactory> m_paletteFactory;

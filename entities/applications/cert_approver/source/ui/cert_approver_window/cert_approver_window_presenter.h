@@ -1,12 +1,13 @@
 #pragma once
 
 #include <memory>
+#include <string>
 
+#include <shared/common_utils/settings/i_sm_setting_reader.h>
 #include <shared/common_utils_ui/qt_invoker.h>
 
 #include "business/i_cert_approver_cert_data_interactor.h"
 #include "business/i_cert_approver_verdict_interactor.h"
-#include "language_reader_factory.h"
 #include "ui/cert_approver_window/i_cert_approver_window_presenter.h"
 #include "ui/cert_approver_window/i_cert_approver_window_view.h"
 
@@ -17,6 +18,8 @@ namespace cert_approver::ui {
 class CertApproverWindowPresenter final : public ICertApproverWindowPresenter
 {
 public:
+    using ILanguageReader = vdi::common_utils::settings::ISmSettingReader<std::string>;
+
     /// @throws zin::CheckFailedException  a collaborator is null
     CertApproverWindowPresenter(
         std::shared_ptr<interactors::ICertApproverCertDataGetter> certDataGetter,
