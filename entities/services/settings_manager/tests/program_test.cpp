@@ -91,23 +91,12 @@ struct Observer final : ISettingsUpdateObserver
     std::counting_semaphore<> arrived{0};
 };
 
-/// 1000 lists of 99 numbers.
-Setting BigTree()
-{
-    Map map;
-    for (int i = 0; i < 1000; ++i)
-    {
-        map.emplace(fmt::format("list-{}", i), Setting{List(99, Setting{i})});
-    }
-    return {std::move(map)};
-}
-
 }  // namespace
 
 TEST_F(ProgramTest, HasEverythingThatWasAnsweredAfterItWasKilled)
 {
     const Setting sample = SampleTree();
-    const Setting big = BigTree();
+    const Setting big{List(1000, {List(99, {1})})};
     Start();
     {
         const auto manager = Connect();

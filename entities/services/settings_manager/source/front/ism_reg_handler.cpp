@@ -45,7 +45,11 @@ Outcome IsmRegHandler::RegCallback(const ServiceCall& call,
     const auto work = [&]
     {
         response.cid = m_contexts.Add(call.caller.connection);
-        TVO_LOG_DEBUG("Process {} waits for updates on '{}'", call.caller.pid, *name);
+        TVO_LOG_AS(tvo::logger::LogLevel::Debug,
+                   "RegCallback",
+                   "Process {} waits for updates on '{}'",
+                   call.caller.pid,
+                   *name);
     };
     return name ? Answer<RegCallbackRequest>(call, response, work) : Outcome::Reject;
 }

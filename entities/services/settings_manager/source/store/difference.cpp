@@ -47,20 +47,38 @@ private:
         auto now = after.children.begin();
         while (old != before.children.end() || now != after.children.end())
         {
-            const bool isOld = now == after.children.end() ||
-                               (old != before.children.end() && (*old)->level <= (*now)->level);
-            const bool isNow = old == before.children.end() ||
-                               (now != after.children.end() && (*now)->level <= (*old)->level);
-            kinds |= RunOnChild(isOld ? (old++)->get() : nullptr, isNow ? (now++)->get() : nullptr);
+            const Node* oldChild = old != before.children.end() ? old->get() : nullptr;
+            const Node* nowChild = now != after.children.end() ? now->get() : nullptr;
+            KeepFirst(oldChild, nowChild);
+            old += oldChild != nullptr ? 1 : 0;
+            now += nowChild != nullptr ? 1 : 0;
+            kinds |= RunOnChild(oldChild, nowChild);
         }
         return kinds;
+    }
+
+    /// Of two children with different levels, leaves the one that comes first.
+    static void KeepFirst(const Node*& before, const Node*& after)
+    {
+        if (before == nullptr || after == nullptr)
+        {
+            return;
+        }
+        if (before->level < after->level)
+        {
+            after = nullptr;
+        }
+        else if (after->level < before->level)
+        {
+            before = nullptr;
+        }
     }
 
     /// @returns what the change of a child is to its parent
     unsigned char RunOnChild(const Node* before, const Node* after)
     {
         const std::size_t size = m_path.size();
-        AppendLevel(m_path, before != nullptr ? before->level : after->level);
+        AppendLevel(m_path, (before != nullptr ? before : after)->level);
         const unsigned char kinds = Run(before, after);
         m_path.resize(size);
         const bool isOther = (kinds & (update::Created | update::Deleted)) != 0;

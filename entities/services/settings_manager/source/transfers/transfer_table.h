@@ -21,7 +21,7 @@ public:
     static constexpr std::chrono::seconds Patience{30};
 
     static constexpr std::size_t MostOfConnection = 16;
-    static constexpr std::size_t MostStagedBytes = 256 * 1024 * 1024;
+    static constexpr std::size_t MostStagedBytes = std::size_t{256} * 1024 * 1024;
 
     /// @returns the token
     /// @throws nvl::Error `InsufficientResources` at too many transfers of the connection
