@@ -1,18 +1,12 @@
 #include "bus_calls.h"
 
-#include <csignal>
-#include <fstream>
 #include <stdexcept>
 
-#include <fcntl.h>
-#include <poll.h>
-#include <sys/prctl.h>
 #include <sys/socket.h>
-#include <sys/un.h>
-#include <sys/wait.h>
 #include <systemd/sd-bus.h>
 #include <unistd.h>
 
+#include "bus_daemon.h"
 #include "runtime_folder.h"
 #include "server_process.h"
 #include "sizes.h"
@@ -148,84 +142,23 @@ private:
     const ServerProcess m_server;
 };
 
-/// A bus daemon that knows no policy and no services, in this run's folder.
-class Daemon
-{
-public:
-    Daemon() : m_folder(RuntimeFolderPath())
-    {
-        const std::string configuration = m_folder + "/bus.conf";
-        std::ofstream(configuration)
-            << "<!DOCTYPE busconfig PUBLIC \"-//freedesktop//DTD D-Bus Bus Configuration "
-               "1.0//EN\"\n"
-               " \"http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd\">\n"
-               "<busconfig><listen>"
-            << Address()
-            << "</listen><auth>EXTERNAL</auth><policy context=\"default\">"
-               "<allow send_destination=\"*\" eavesdrop=\"true\"/>"
-               "<allow eavesdrop=\"true\"/><allow own=\"*\"/>"
-               "</policy></busconfig>\n";
-        m_pid = ::fork();
-        if (m_pid == 0)
-        {
-            ::prctl(PR_SET_PDEATHSIG, SIGKILL);
-            // It complains about descriptors that it does not need.
-            ::dup2(::open("/dev/null", O_WRONLY), STDERR_FILENO);
-            ::execlp("dbus-daemon",
-                     "dbus-daemon",
-                     "--nofork",
-                     "--nosyslog",
-                     ("--config-file=" + configuration).c_str(),
-                     nullptr);
-            ::_exit(127);
-        }
-    }
-
-    ~Daemon()
-    {
-        ::kill(m_pid, SIGKILL);
-        ::waitpid(m_pid, nullptr, 0);
-        ::unlink((m_folder + "/bus").c_str());
-    }
-
-    Daemon(const Daemon&) = delete;
-    Daemon& operator=(const Daemon&) = delete;
-
-    std::string Address() const
-    {
-        return "unix:path=" + m_folder + "/bus";
-    }
-
-private:
-    const std::string m_folder;
-    pid_t m_pid = -1;
-};
-
 Bus BusAt(const std::string& address)
 {
-    for (int attempt = 0;; ++attempt)
-    {
-        Bus bus = NewBus();
-        Check(sd_bus_set_address(bus.get(), address.c_str()), "taking the address");
-        Check(sd_bus_set_bus_client(bus.get(), 1), "becoming a client");
-        // Starting only begins to connect; the first name says that the daemon is there.
-        const char* name = nullptr;
-        if (sd_bus_start(bus.get()) >= 0 && sd_bus_get_unique_name(bus.get(), &name) >= 0)
-        {
-            return bus;
-        }
-        if (attempt == 500)
-        {
-            throw std::runtime_error("the bus daemon did not start");
-        }
-        ::poll(nullptr, 0, 10);
-    }
+    Bus bus = NewBus();
+    Check(sd_bus_set_address(bus.get(), address.c_str()), "taking the address");
+    Check(sd_bus_set_bus_client(bus.get(), 1), "becoming a client");
+    Check(sd_bus_start(bus.get()), "starting");
+    return bus;
 }
 
-class DaemonCalls final : private Daemon, public Calls
+class DaemonCalls final : private BusDaemon, public Calls
 {
 public:
-    DaemonCalls() : Calls(BusAt(Address())), m_server({"daemon_bus", Address()}) {}
+    DaemonCalls()
+        : BusDaemon(RuntimeFolderPath()),
+          Calls(BusAt(Address())),
+          m_server({"daemon_bus", Address()})
+    {}
 
 private:
     const ServerProcess m_server;

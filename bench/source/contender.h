@@ -46,6 +46,10 @@ template <typename Operation>
 class Repeated final : public Contender
 {
 public:
+    template <typename... Arguments>
+    explicit Repeated(const Arguments&... arguments) : m_operation(arguments...)
+    {}
+
     void Run(int count) override
     {
         for (int i = 0; i < count; ++i)

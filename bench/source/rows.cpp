@@ -4,6 +4,7 @@
 #include "event_wake_ups.h"
 #include "log_lines.h"
 #include "server_process.h"
+#include "settings_rows.h"
 #include "socket_calls.h"
 #include "terminal_calls.h"
 #include "window_rows.h"
@@ -21,6 +22,28 @@ std::unique_ptr<Contender> MakeCallsOfOneAmong64()
     return MakeSmallCalls(64);
 }
 
+#ifdef TVO_BENCH_DCONF
+std::unique_ptr<Contender> MakeNotificationsInMemory()
+{
+    return MakeNotifications(Medium::Memory);
+}
+
+std::unique_ptr<Contender> MakeDconfNotificationsInMemory()
+{
+    return MakeDconfNotifications(Medium::Memory);
+}
+
+std::unique_ptr<Contender> MakeNotificationsOnDisk()
+{
+    return MakeNotifications(Medium::Disk);
+}
+
+std::unique_ptr<Contender> MakeDconfNotificationsOnDisk()
+{
+    return MakeDconfNotifications(Medium::Disk);
+}
+#endif
+
 }  // namespace
 
 std::vector<Row> AllRows()
@@ -37,6 +60,17 @@ std::vector<Row> AllRows()
         {"event_wakeup", 1.3, MakeEventWakeUps, MakePacketWakeUps},
         {"log_suppressed", 1.5, MakeSuppressedLines, MakeVirtualCalls},
         {"log_written", 1.3, MakeWrittenLines, MakeSpdlogLines},
+        {"settings_set_durable", 1.5, MakeDurableWrites, MakeDurableUpdates, 41},
+        {"settings_get", 3.0, MakeReads, MakeCallsOfOne},
+#ifdef TVO_BENCH_DCONF
+        {"settings_notify", 0.2, MakeNotificationsInMemory, MakeDconfNotificationsInMemory},
+        {"settings_notify_disk", 0.6, MakeNotificationsOnDisk, MakeDconfNotificationsOnDisk},
+        {"settings_write_10k", 0.6, MakeTreeWrites, MakeDconfTreeWrites, 21},
+        {"settings_read_10k", 3.0, MakeTreeReads, MakeDconfTreeReads, 41},
+#endif
+#ifdef TVO_BENCH_PROTOBUF
+        {"settings_serialize_10k", 1.2, MakeSerializations, MakeProtobufSerializations},
+#endif
         {"request_to_pixel", 1.3, MakeRequests, MakeLoads, 41, Processors::All},
 #ifdef TVO_BENCH_QML_TOOL
         {"start_to_ready", 1.3, MakeApplicationStarts, MakeToolStarts, 21, Processors::All},
@@ -52,10 +86,15 @@ const std::map<std::string, Server>& ServersByName()
         {"daemon_bus", ServeDaemonBus},
         {"peer_bus", ServePeerBus},
 #endif
+#ifdef TVO_BENCH_DCONF
+        {"dconf", ServeDconf},
+        {"dconf_observer", ServeDconfObserver},
+#endif
         {"echo", ServeEcho},
         {"event_wake_ups", ServeEventWakeUps},
         {"packet_wake_ups", ServePacketWakeUps},
         {"packets", ServePackets},
+        {"settings_observer", ServeObserver},
         {"stream", ServeStream},
     };
     return servers;

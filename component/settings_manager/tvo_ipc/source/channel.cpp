@@ -32,19 +32,19 @@ Channel::Channel(EndpointHandle endpoint)
     WzTvoSetTransportTimeouts(&m_transport, WzInfinite, WzInfinite);
 }
 
-Channel Channel::Connect(const char* service, const char* interfaceName, std::uint32_t timeoutMs)
+Channel Channel::Connect(const char* server, const char* interfaceName, std::uint32_t timeoutMs)
 {
     std::uint32_t handle = XoInvalidHandle;
     std::uint32_t riid = InvalidRiid;
-    int result = XoCmConnect(service, interfaceName, timeoutMs, &handle, &riid);
+    int result = XoCmConnect(server, interfaceName, timeoutMs, &handle, &riid);
     for (unsigned left = Attempts - 1; result == XoObjectGone && left != 0; --left)
     {
         XoSleep(PauseMs);
-        result = XoCmConnect(service, interfaceName, timeoutMs, &handle, &riid);
+        result = XoCmConnect(server, interfaceName, timeoutMs, &handle, &riid);
     }
     EndpointHandle endpoint = TakeOver(result == XoOk ? handle : XoInvalidHandle, riid);
     ZIN_CHECK(endpoint.Handle() != XoInvalidHandle && endpoint.Riid() != InvalidRiid,
-              "XoCmConnect() fail: " << service << "." << interfaceName << ":" << riid << " ("
+              "XoCmConnect() fail: " << server << "." << interfaceName << ":" << riid << " ("
                                      << result << ")");
     return Channel(std::move(endpoint));
 }

@@ -20,7 +20,7 @@ public:
     /// Connects through the connection manager; a service that is not there is tried again for
     /// five minutes.
     /// @throws zin::CheckFailedException
-    static Channel Connect(const char* service, const char* interfaceName, std::uint32_t timeoutMs);
+    static Channel Connect(const char* server, const char* interfaceName, std::uint32_t timeoutMs);
 
     /// Connects to an endpoint of a static connection.
     /// @throws zin::CheckFailedException

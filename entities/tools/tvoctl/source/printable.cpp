@@ -35,17 +35,15 @@ std::string Printable(std::string_view text, bool keepsLines)
         const auto character = plk::text::ReadUtf8(text);
         const std::string_view bytes = text.substr(0, character.length);
         text.remove_prefix(character.length);
-        if (keepsLines && bytes == "\n")
+        const bool isPrintable =
+            character.isValid && !plk::text::IsUnprintable(character.codePoint);
+        if (isPrintable || (keepsLines && bytes == "\n"))
         {
             printable += bytes;
-        }
-        else if (!character.isValid || plk::text::IsUnprintable(character.codePoint))
-        {
-            AppendEscape(printable, character.isValid ? character.codePoint : Replacement);
         }
         else
         {
-            printable += bytes;
+            AppendEscape(printable, character.isValid ? character.codePoint : Replacement);
         }
     }
     return printable;
