@@ -21,6 +21,9 @@ extern const Target Handshakes;
 extern const Target LockFiles;
 extern const Target WireCertificates;
 extern const Target CertificateTexts;
+extern const Target PathTexts;
+extern const Target RawSettings;
+extern const Target SettingsRequests;
 
 /// The seeds that the target makes, then those in the files of its folder `seeds/<name>`.
 std::vector<std::string> AllSeeds(const Target& target);
