@@ -1,0 +1,71 @@
+#include "service_fixture.h"
+
+#include <cstdlib>
+
+#include <component/settings_manager/path_to_str.h>
+#include <component/settings_manager/tvo_ipc/create_settings_manager.h>
+#include <component/settings_manager/tvo_ipc/service_names.h>
+
+using support::Process;
+
+ServiceFixture::ServiceFixture()
+{
+    ::setenv("TVO_RUNTIME_DIR", folder.c_str(), 1);
+}
+
+void ServiceFixture::Start()
+{
+    const Process::Command command{TVO_SETTINGS_MANAGER, {"--database", folder / "db"}, {}, {}};
+    service = std::make_unique<Process>(command);
+}
+
+void ServiceFixture::StartAndWait()
+{
+    Start();
+    ASSERT_TRUE(service->WaitForText("is ready")) << service->Errors();
+}
+
+std::string ServiceFixture::RunTool(std::vector<std::string> arguments)
+{
+    arguments.insert(arguments.begin(), "settings");
+    Process tool({TVO_TVOCTL, std::move(arguments), {}, {}});
+    EXPECT_EQ(tool.ExitStatus(), 0) << tool.Errors();
+    return tool.Output();
+}
+
+Manager Connect()
+{
+    Manager manager;
+    settings_manager::ipc::CreateSettingsManager(
+        {.serviceName = settings_manager::service_names::Persistent,
+         .connectTimeoutMs = 5000,
+         .reserved = 0},
+        manager);
+    return manager;
+}
+
+namespace {
+
+struct Observer final : settings_manager::ISettingsUpdateObserver
+{
+    int OnSettingsUpdate(const nvl::Path& path, unsigned char kinds) override
+    {
+        function(fmt::format("{} {}", path, kinds));
+        return 0;
+    }
+
+    std::function<void(const std::string&)> function;
+};
+
+}  // namespace
+
+int Subscribe(const Manager& manager,
+              const nvl::Path& path,
+              std::function<void(const std::string&)> function)
+{
+    const auto observer = std::make_shared<Observer>();
+    observer->function = std::move(function);
+    settings_manager::SubscriptionId sid = 0;
+    auto& subscriber = As<settings_manager::ISettingsUpdateSubscriber>(manager);
+    return subscriber.Subscribe(path, observer, sid);
+}

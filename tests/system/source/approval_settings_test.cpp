@@ -1,0 +1,52 @@
+#include <linux/input-event-codes.h>
+
+#include "approval_fixture.h"
+
+namespace {
+
+using support::FindText;
+using support::TextStyle;
+
+constexpr TextStyle Title{.pixelSize = 24, .wrapWidth = 570};
+constexpr char English[] = "Add certificate";
+constexpr char Portuguese[] = "Adicionar certificado";
+constexpr char Digits[] = "01.01.2025 00:00 - 01.01.2026 00:00";
+constexpr char PersianDigits[] = "۰۱.۰۱.۲۰۲۵ ۰۰:۰۰ - ۰۱.۰۱.۲۰۲۶ ۰۰:۰۰";
+
+class ApprovalSettings : public ApprovalFixture
+{
+protected:
+    /// Asks, looks at the dialog and approves.
+    void ExpectDialog(const char* title, const char* validity)
+    {
+        const auto caller = AskAndWait("server.example");
+        const QImage screen = display.Screen();
+        EXPECT_TRUE(FindText(screen, title, Title)) << title;
+        EXPECT_TRUE(FindText(screen, validity, PanelValue())) << validity;
+        display.PressKey(KEY_ENTER);
+        EXPECT_EQ(caller->ExitStatus(), 0);
+        EXPECT_TRUE(display.WaitForNoToplevel());
+    }
+};
+
+TEST_F(ApprovalSettings, GiveDatesAtEachShowingAndTextsAtTheStart)
+{
+    ExpectDialog(English, Digits);
+    terminal.Settings().SetLanguage("fa-IR");
+    ExpectDialog(English, PersianDigits);
+    terminal.Settings().SetLanguage("pt-BR");
+    ExpectDialog(English, Digits);
+    terminal.StartApprover();
+    ExpectDialog(Portuguese, Digits);
+}
+
+TEST_F(ApprovalSettings, AreNotNeededByADialog)
+{
+    terminal.Settings().SetLanguage("fa-IR");
+    ExpectDialog(English, PersianDigits);
+    terminal.Settings().Service().Kill();
+    ExpectDialog(English, Digits);
+    ExpectDialog(English, Digits);
+}
+
+}  // namespace
