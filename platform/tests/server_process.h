@@ -6,12 +6,10 @@
 
 #include <xo/sleep.h>
 
+#include "allocation_counter.h"
 #include "linux_support.h"
 
 namespace platform::tests {
-
-/// Lets every `new` of this process fail from now on.
-void RefuseMemory();
 
 /// A server in a process of its own, under a static name and with one published service. Like the
 /// programs that serve for real it has a thread for requests, and one that lets clients in and

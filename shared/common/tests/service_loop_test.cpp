@@ -3,7 +3,6 @@
 #include <csignal>
 #include <cstdlib>
 #include <future>
-#include <new>
 
 #include <gmock/gmock.h>
 
@@ -12,34 +11,9 @@
 #include <xo/connection.h>
 #include <xo/result.h>
 
+#include "allocation_counter.h"
 #include "linux_support.h"
 #include "service/timer_queue.h"
-
-namespace {
-
-thread_local std::size_t t_allocations = 0;
-
-}  // namespace
-
-[[gnu::noinline]] void* operator new(std::size_t size)
-{
-    ++t_allocations;
-    if (void* const memory = std::malloc(size))
-    {
-        return memory;
-    }
-    throw std::bad_alloc();
-}
-
-[[gnu::noinline]] void operator delete(void* memory) noexcept
-{
-    std::free(memory);
-}
-
-[[gnu::noinline]] void operator delete(void* memory, std::size_t) noexcept
-{
-    std::free(memory);
-}
 
 namespace tvo::service {
 namespace {
@@ -121,7 +95,8 @@ protected:
 
     Outcome Handle(const ServiceCall& call)
     {
-        allocations = std::exchange(t_allocations, 0);
+        const std::size_t allocated = platform::tests::AllocationsOfThisThread();
+        allocations = allocated - std::exchange(allocatedBefore, allocated);
         callers.push_back(call.caller);
         if (call.request->mid == TooLarge)
         {
@@ -182,6 +157,7 @@ protected:
     std::vector<std::uint64_t> values;
     std::vector<Ticket> parked;
     std::uint64_t released = 0;
+    std::size_t allocatedBefore = 0;
     std::size_t allocations = 1;  ///< between the request before the last and the last
 };
 

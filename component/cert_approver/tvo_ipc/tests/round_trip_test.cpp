@@ -108,11 +108,11 @@ TEST_F(RoundTrip, LargestCertificateArrivesWholeAndTheVerdictReturns)
 
 TEST_F(RoundTrip, NothingIsAllocatedPerRequest)
 {
-    std::vector<unsigned> counts;
+    std::vector<std::size_t> counts;
     counts.reserve(20);
     approver->answer = [&](const CertData&, Verdict&)
     {
-        counts.push_back(AllocationsOfThisThread());
+        counts.push_back(platform::tests::AllocationsOfThisThread());
         return 0;
     };
     for (int i = 0; i < 20; ++i)

@@ -6,9 +6,9 @@
 
 #include <component/logger/logger.h>
 #include <component/plk/exceptions.h>
+#include <shared/common/utils/platform_log.h>
 #include <shared/common_utils/settings/read_setting_value.h>
 #include <shared/common_utils_ui/log/qt_logger_support.h>
-#include <tvo/platform_log.h>
 
 #include "config/logger.h"
 #include "language_setting.h"
@@ -26,11 +26,6 @@ void SetAppName(const QString& appName)
     QCoreApplication::setOrganizationName(QStringLiteral("Vantelore"));
     QCoreApplication::setOrganizationDomain(QStringLiteral("vantelore.example"));
     QCoreApplication::setApplicationName(appName);
-}
-
-void LogPlatformLine(TvoPlatformLogLevel level, const char* text)
-{
-    TVO_LOG_AS(static_cast<tvo::logger::LogLevel>(level), "platform", "{}", text);
 }
 
 }  // namespace
@@ -58,7 +53,7 @@ void OsApplication::SetupLogger()
 {
     tvo::logger::TVOLogger::Setup(LoggerTag, config::logger::impl::logLevel, nullptr);
     qInstallMessageHandler(&QtLoggerSupport::MessageHandler);
-    TvoPlatformSetLog(&LogPlatformLine);
+    ::common::utils::LogPlatformLines();
 }
 
 void OsApplication::installTranslator()

@@ -12,7 +12,7 @@
 #include <component/plk/process_exception.h>
 #include <component/settings_manager/tvo_ipc/service_names.h>
 #include <shared/common/tvo/service/i_service_loop.h>
-#include <tvo/platform_log.h>
+#include <shared/common/utils/platform_log.h>
 #include <tvo/task.h>
 
 #include "front/settings_service.h"
@@ -37,11 +37,6 @@ constexpr TvoEndpointDescription Endpoints[] = {
     Endpoint(service_names::IsmRegRiid, service_names::IsmReg),
     Endpoint(service_names::IsmCbkRiid, service_names::IsmCbk),
 };
-
-void LogPlatformLine(TvoPlatformLogLevel level, const char* text)
-{
-    TVO_LOG_AS(static_cast<LogLevel>(level), "Platform", "{}", text);
-}
 
 void PublishEntity(const Options& options)
 {
@@ -98,7 +93,7 @@ int RunSettingsManager(int argc, const char* const* argv)
     ::umask(NobodyElse);
     std::signal(SIGPIPE, SIG_IGN);  // whoever reads the log may go
     tvo::logger::TVOLogger::Setup("SETTINGS", LogLevel::Info, nullptr);
-    TvoPlatformSetLog(&LogPlatformLine);
+    ::common::utils::LogPlatformLines();
     try
     {
         const Options options = ParseOptions(argc, argv);

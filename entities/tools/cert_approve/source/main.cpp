@@ -3,7 +3,7 @@
 #include <iostream>
 
 #include <component/logger/logger.h>
-#include <tvo/platform_log.h>
+#include <shared/common/utils/platform_log.h>
 
 #include "run.h"
 #include "service.h"
@@ -12,11 +12,6 @@ namespace {
 
 using tvo::logger::LogLevel;
 using tvo::logger::TVOLogger;
-
-void LogPlatformLine(TvoPlatformLogLevel level, const char* text)
-{
-    TVO_LOG_AS(static_cast<LogLevel>(level), "Platform", "{}", text);
-}
 
 }  // namespace
 
@@ -27,6 +22,6 @@ int main(int argc, char** argv)
     std::signal(SIGPIPE, SIG_IGN);
     // Callers read standard error: one line of the program's own, and no log unless asked for.
     TVOLogger::Setup("CRT_ASK", LogLevel::Off, nullptr);
-    TvoPlatformSetLog(&LogPlatformLine);
+    ::common::utils::LogPlatformLines();
     return cert_approve::Run(argc, argv, &cert_approve::AskService, std::cout, std::cerr);
 }

@@ -5,7 +5,6 @@
 #include <iosfwd>
 #include <memory>
 #include <string>
-#include <vector>
 
 #include <component/settings_manager/i_settings_manager.h>
 
@@ -32,8 +31,6 @@ struct Environment
     std::istream& in;
     Output& out;
     bool isJson = false;
-    /// What is left as it is at the end of the program: to close it takes time and has no use.
-    std::vector<std::shared_ptr<const void>> kept = {};
 };
 
 }  // namespace tvoctl

@@ -1,12 +1,11 @@
 #include <chrono>
 #include <clocale>
 #include <csignal>
-#include <cstdlib>
 #include <iostream>
 #include <thread>
 
 #include <component/logger/logger.h>
-#include <tvo/platform_log.h>
+#include <shared/common/utils/platform_log.h>
 
 #include "run.h"
 #include "settings_service.h"
@@ -19,11 +18,6 @@ using tvo::logger::TVOLogger;
 
 /// How often a watched service is looked at.
 constexpr std::chrono::milliseconds WatchPause{500};
-
-void LogPlatformLine(TvoPlatformLogLevel level, const char* text)
-{
-    TVO_LOG_AS(static_cast<LogLevel>(level), "Platform", "{}", text);
-}
 
 bool KeepWatching()
 {
@@ -40,13 +34,12 @@ int main(int argc, char** argv)
     std::signal(SIGPIPE, SIG_IGN);
     // Callers read standard error: one line of the program's own, and no log unless asked for.
     TVOLogger::Setup("TVO_CTL", LogLevel::Off, nullptr);
-    TvoPlatformSetLog(&LogPlatformLine);
+    ::common::utils::LogPlatformLines();
     tvoctl::Output out(std::cout);
     tvoctl::Environment environment{.connectSettings = &tvoctl::ConnectSettingsService,
                                     .endOnSignals = [&out] { tvoctl::EndOnSignals(out); },
                                     .keepWatching = &KeepWatching,
                                     .in = std::cin,
                                     .out = out};
-    // Without the destructors: a proxy waits up to two seconds for its callback thread.
-    std::_Exit(tvoctl::Run(argc, argv, environment, std::cerr));
+    return tvoctl::Run(argc, argv, environment, std::cerr);
 }

@@ -13,7 +13,7 @@ namespace nvl::aux {
     return character >= '0' && character <= '9';
 }
 
-/// A specification in a form that is quick to ask.
+/// An `IdSpec` in a form that is quick to ask.
 class IdRules final
 {
 public:

@@ -50,9 +50,8 @@ std::chrono::milliseconds SettingsCommand::Patience() const
 
 Store SettingsCommand::Open(Environment& environment) const
 {
-    const auto manager = environment.connectSettings(Server(), Patience());
-    environment.kept.push_back(manager);
-    return Store(*manager);
+    // The parts that the store takes keep the manager alive.
+    return Store(*environment.connectSettings(Server(), Patience()));
 }
 
 }  // namespace tvoctl

@@ -57,7 +57,7 @@ std::shared_ptr<IWindow> CertApproverWindowFactory::CreateWindow()
 {
     try
     {
-        // Without a language set, dates keep the locale they have.
+        // Without a language, dates are written as in no language's own way.
         auto language = std::make_unique<SmSettingAccessor<std::string, SmSettingValueWriter>>(
             m_settingsManager, LanguagePath, "");
         auto presenter = std::make_unique<CertApproverWindowPresenter>(

@@ -1,35 +1,46 @@
 #include "allocation_counter.h"
 
+#include <atomic>
 #include <cstdlib>
 #include <new>
 
 namespace {
 
-thread_local unsigned t_allocations = 0;
+thread_local std::size_t t_allocations = 0;
+std::atomic<bool> g_refuses = false;
 
 }  // namespace
 
-unsigned AllocationsOfThisThread()
+namespace platform::tests {
+
+std::size_t AllocationsOfThisThread()
 {
     return t_allocations;
 }
 
-void* operator new(std::size_t size)
+void RefuseMemory()
+{
+    g_refuses = true;
+}
+
+}  // namespace platform::tests
+
+[[gnu::noinline]] void* operator new(std::size_t size)
 {
     ++t_allocations;
-    if (void* memory = std::malloc(size == 0 ? 1 : size))
+    if (void* memory = g_refuses ? nullptr : std::malloc(size == 0 ? 1 : size))
     {
         return memory;
     }
     throw std::bad_alloc();
 }
 
-void operator delete(void* memory) noexcept
+[[gnu::noinline]] void operator delete(void* memory) noexcept
 {
     std::free(memory);
 }
 
-void operator delete(void* memory, std::size_t) noexcept
+[[gnu::noinline]] void operator delete(void* memory, std::size_t) noexcept
 {
     std::free(memory);
 }

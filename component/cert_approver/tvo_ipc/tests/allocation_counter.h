@@ -1,4 +1,0 @@
-#pragma once
-
-/// How often `operator new` has run on the calling thread.
-unsigned AllocationsOfThisThread();
