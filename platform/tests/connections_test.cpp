@@ -61,54 +61,6 @@ int Listen(Names& names, std::uint32_t timeout = 5000)
     return XoCmListen(nullptr, timeout, names.client, names.service);
 }
 
-TEST(Connections, AreMadeWhenTheServerAccepts)
-{
-    Publish();
-    Endpoint endpoint("accepting");
-    auto connecting = ConnectInBackground(Service, WzInfinite);
-    Names names;
-    ASSERT_EQ(Listen(names), XoOk);
-    EXPECT_STREQ(names.service, Service);
-    EXPECT_THAT(names.client, testing::StartsWith(std::string(Entity) + "@"));
-    std::uint32_t joined = 0;
-    ASSERT_EQ(XoCmAccept(names.client, names.service, 17, endpoint.handle, &joined), XoOk);
-    EXPECT_EQ(joined, endpoint.handle);
-    EXPECT_EQ(XoCmAccept(names.client, names.service, 17, endpoint.handle, &joined), XoObjectGone);
-    const Connected made = connecting.get();
-    ASSERT_EQ(made.result, XoOk);
-    EXPECT_EQ(made.riid, 17U);
-
-    Client client(made.handle);
-    auto call = std::async(std::launch::async,
-                           [&]
-                           {
-                               Letter request;
-                               Letter response;
-                               return Call(client.transport, request, response);
-                           });
-    Letter received;
-    ASSERT_EQ(Receive(endpoint.transport, received), XoOk);
-    EXPECT_EQ(Reply(endpoint.transport, received), XoOk);
-    EXPECT_EQ(call.get(), XoOk);
-}
-
-TEST(Connections, CanGetAnEndpointOfTheirOwn)
-{
-    Publish();
-    auto connecting = ConnectInBackground(Service, 5000);
-    Names names;
-    ASSERT_EQ(Listen(names), XoOk);
-    std::uint32_t endpoint = XoInvalidHandle;
-    ASSERT_EQ(XoCmAccept(names.client, names.service, 1, XoInvalidHandle, &endpoint), XoOk);
-    const Connected made = connecting.get();
-    EXPECT_EQ(made.result, XoOk);
-    EXPECT_EQ(XoHandleClose(endpoint), XoOk);
-    Client client(made.handle);
-    Letter request;
-    Letter response;
-    EXPECT_EQ(Call(client.transport, request, response), XoObjectGone);
-}
-
 TEST(Connections, FailWithTheFittingCode)
 {
     Publish();
@@ -150,15 +102,6 @@ TEST(Connections, ARequestThatIsLeftAloneComesAgainAfterTheOthers)
     EXPECT_EQ(second.get().result, XoRefused);
 }
 
-TEST(Names, StaticOnesAreHeldByOne)
-{
-    Endpoint endpoint("held");
-    std::uint64_t identifier = 1;
-    EXPECT_EQ(ServiceLocatorRegister("held", nullptr, 0, &identifier), XoInvalidHandle);
-    EXPECT_EQ(identifier, 0U);
-    EXPECT_EQ(ServiceLocatorConnect("not-held"), XoInvalidHandle);
-}
-
 TEST(Names, LeadToInterfaceNumbersAndServices)
 {
     Publish();
@@ -173,25 +116,6 @@ TEST(Names, LeadToInterfaceNumbersAndServices)
     EXPECT_STREQ(target->first.data(), Entity);
     EXPECT_STREQ(target->second.data(), Service);
     EXPECT_FALSE(shared::ipc_utils::FindConnectionTargetForType("vx.tests.None", 20));
-}
-
-TEST(Task, KnowsOnlyItself)
-{
-    Publish();
-    const std::uint32_t self = TvoTaskGetSelf();
-    EXPECT_EQ(TvoTaskGetSelf(), self);
-    EXPECT_EQ(TvoTaskConnectToService(self, self, "own"), XoOk);
-    EXPECT_LT(TvoTaskConnectToService(self, self + 1, "own"), 0);
-    EXPECT_LT(TvoTaskSetComponentTree(self + 1, nullptr), 0);
-    EXPECT_NE(XoHandleClose(self), XoOk);
-}
-
-TEST(Random, FillsTheBuffer)
-{
-    std::array<std::uint64_t, 64> numbers{};
-    ASSERT_EQ(TvoRandomGenerate(sizeof numbers, numbers.data()), XoOk);
-    const std::set<std::uint64_t> different(numbers.begin(), numbers.end());
-    EXPECT_EQ(different.size(), numbers.size());
 }
 
 }  // namespace

@@ -92,23 +92,17 @@ protected:
 /// Descriptors that are no arena of 70000 bytes and no event object, by what is wrong with them.
 std::vector<std::pair<const char*, Descriptor>> MakeForeignDescriptors()
 {
-    const std::vector<unsigned char> bytes(70001);
+    const std::vector<unsigned char> bytes(69999);
     int pipes[2];
     EXPECT_EQ(::pipe2(pipes, O_CLOEXEC), 0);
     ::close(pipes[1]);
-    Descriptor unsealed(::memfd_create("unsealed", MFD_CLOEXEC | MFD_ALLOW_SEALING));
-    EXPECT_EQ(::ftruncate(unsealed.Get(), 70000), 0);
     Descriptor half(::memfd_create("half sealed", MFD_CLOEXEC | MFD_ALLOW_SEALING));
     EXPECT_EQ(::ftruncate(half.Get(), 70000), 0);
     EXPECT_EQ(::fcntl(half.Get(), F_ADD_SEALS, F_SEAL_SHRINK | F_SEAL_GROW), 0);
     std::vector<std::pair<const char*, Descriptor>> made;
-    made.emplace_back("unsealed", std::move(unsealed));
     made.emplace_back("sealed but for writing", std::move(half));
-    made.emplace_back("too short", MakeArenaFile(bytes.data(), 69999));
-    made.emplace_back("too long", MakeArenaFile(bytes.data(), 70001));
+    made.emplace_back("too short", MakeArenaFile(bytes.data(), bytes.size()));
     made.emplace_back("a pipe", Descriptor(pipes[0]));
-    made.emplace_back("a socket", Descriptor(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0)));
-    made.emplace_back("a directory", Descriptor(::open("/", O_RDONLY | O_CLOEXEC)));
     made.emplace_back("/dev/zero", Descriptor(::open("/dev/zero", O_RDWR | O_CLOEXEC)));
     return made;
 }
@@ -123,60 +117,35 @@ TEST_F(Hostile, BrokenPacketsCostTheirSenderTheConnection)
         std::string place = Direct;
     };
     const auto foreign = MakeForeignDescriptors();
-    const std::vector<unsigned char> bytes(1048577);
+    const std::vector<unsigned char> bytes(65536);
     const auto small = MakeArenaFile(bytes.data(), 65536);
-    const auto large = MakeArenaFile(bytes.data(), 1048577);
     const RawSocket sound;
     const std::string fifth = Packet{.sequence = 5};
     std::vector<Row> rows{
-        {"garbage", {"garbage"}},
         {"an empty packet", {""}},
         {"longer than any packet", {std::string(80'000, 'x')}},
-        {"half a frame", {Sound.substr(0, 16)}},
-        {"no message", {Sound.substr(0, sizeof(Frame))}},
-        {"one byte short", {Sound.substr(0, Sound.size() - 1)}},
         {"one byte too many", {Sound + "x"}},
-        {"another format", {Packet{.magic = FrameMagic ^ 1}}},
         {"the next version", {Packet{.magic = FrameMagic + (1U << 24)}}},
         {"a reply", {Reply}},
-        {"a handshake", {AskFor("service")}},
-        {"an unknown kind", {Packet{.kind = FrameKind{0xFF}}}},
         {"unknown flags", {Packet{.flags = 2}}},
-        {"a message shorter than its header", {Packet{.messageBytes = 23}}},
         {"a message too large", {Packet{.messageBytes = 4097}}},
-        {"a huge message size", {std::string(Sound).replace(24, 4, "\xFF\xFF\xFF\xFF")}},
         {"a size word above the size", {Packet{.sizeWord = 81}}},
-        {"a size word of zero", {Packet{.sizeWord = 0}}},
-        {"a larger arena than was sent", {Packet{.arenaBytes = 10}}},
-        {"an arena too large for a packet", {Packet{.arena = std::string(65537, 'x')}}},
         {"sizes that wrap round", {Packet{.arenaBytes = 0xFFFFFFFF}}},
-        {"no arena file", {Packet{.flags = 1, .arenaBytes = 70000}}},
         {"a small arena file", {Packet{.flags = 1, .arenaBytes = 65536}}, {small.Get()}},
-        {"a large arena file", {Packet{.flags = 1, .arenaBytes = 1048577}}, {large.Get()}},
         {"sequence zero", {Packet{.sequence = 0}}},
         {"a sequence twice", {fifth, fifth}},
-        {"a sequence that falls", {fifth, Packet{.sequence = 4}}},
         {"an answer that was never sent", {Packet{.sequence = 5, .acknowledged = 4}}},
         {"a handle beyond the count", {Packet{.handles = 2, .mask = 4}}, {sound.Get()}},
-        {"a handle of no slot", {Packet{.mask = 1}}, {sound.Get()}},
-        {"fewer descriptors than handles", {Packet{.handles = 1, .mask = 1}}},
         {"more descriptors than handles",
          {Packet{.handles = 1, .mask = 1}},
          {sound.Get(), sound.Get()}},
-        {"slots behind the message", {Packet{.handles = 4, .mask = 1}}, {sound.Get()}},
-        {"nine slots", {Packet{.messageBytes = 4096, .handles = 9}}},
-        {"a descriptor for nothing", {Sound}, {sound.Get()}},
         {"twenty descriptors", {Sound}, std::vector<int>(20, sound.Get())},
-        {"name: garbage", {"garbage"}, {}, Asking},
-        {"name: a request", {Sound}, {}, Asking},
         {"name: none of the service", {AskFor("", "client")}, {}, Asking},
         {"name: none of the client", {AskFor("service", "")}, {}, Asking},
         {"name: too long", {AskFor(std::string(256, 's'))}, {}, Asking},
         {"name: too long a client's", {AskFor("service", std::string(65, 'c'))}, {}, Asking},
         {"name: not printable", {AskFor("ser\nvice")}, {}, Asking},
-        {"name: not printable either", {AskFor(std::string("ser\0vice", 8))}, {}, Asking},
         {"name: longer than told", {AskFor("service", "client", 1)}, {}, Asking},
-        {"name: much longer", {AskFor("service", "client", 0xFFFFFFFF)}, {}, Asking},
     };
     for (const auto& [what, descriptor] : foreign)
     {
@@ -204,46 +173,6 @@ TEST_F(Hostile, BrokenPacketsCostTheirSenderTheConnection)
         };
         Suffer({row.what, misbehave, 1});
     }
-}
-
-TEST_F(Hostile, PacketsBeyondTheReceiversRoomCostTheConnection)
-{
-    Endpoint endpoint("small");
-    WzTvoSetTransportTimeouts(&endpoint.transport, 50, 0);
-    for (const Packet& packet : {Packet{.messageBytes = 81},
-                                 Packet{.handles = 1},
-                                 Packet{.arena = "five!"},
-                                 Packet{.arena = "four"}})
-    {
-        const RawSocket raw = RawSocket::ConnectedTo("connections/small");
-        raw.Send(packet);
-        const bool fits = packet.arena == "four";
-        Letter request(80, 4);
-        EXPECT_EQ(Receive(endpoint.transport, request), fits ? XoOk : WzTimedOut);
-        EXPECT_TRUE(fits || raw.Read().empty());
-    }
-}
-
-TEST_F(Hostile, RandomChangesToPacketsHurtNobody)
-{
-    const auto misbehave = [](Loot&)
-    {
-        std::mt19937 random(1);  // NOLINT(cert-msc51-cpp): the same ones every time
-        for (int i = 0; i < 2000; ++i)
-        {
-            const bool direct = i % 2 == 0;
-            std::string packet = direct ? Sound : AskFor(ServerProcess::Service);
-            for (unsigned changes = random() % 4; changes > 0; --changes)
-            {
-                packet[random() % (sizeof(Frame) + sizeof(wz_message))] ^= char(random());
-            }
-            packet.resize(random() % 8 == 0 ? random() % packet.size() : packet.size());
-            const RawSocket raw = RawSocket::ConnectedTo(direct ? Direct : Asking);
-            raw.Send(packet);
-            raw.Read();
-        }
-    };
-    Suffer({"random", misbehave, 1});
 }
 
 /// Connects so many times and keeps the connections.
@@ -322,17 +251,13 @@ TEST_F(Hostile, ClientsThatHoldOnOrDieHurtNobody)
     const std::string kill = Packet{.mid = ServerProcess::KillCaller};
     const std::vector<Offender> rows{
         {"made and dropped in a tight loop", DroppingInALoop(Direct)},
-        {"made and dropped before it says what it wants", DroppingInALoop(Asking)},
         {"never reads its replies", BeDeaf, 1},
         {"speaks again before the verdict", SpeakTwice, 1},
         {"200 ask for what nobody offers", Crowding(Asking, 200, AskFor("nothing"))},
-        {"1000 are silent", Crowding(Direct, 1000)},
         {"1000 do not say what they want", StaySilentUntilClosed, 1},
         {"all descriptors are used", Crowding(Direct, 40, Sound), 1, 0, 20},
         {"all descriptors are used by silent ones", Crowding(Asking, 40), 1, 0, 20},
-        {"killed when it is connected", Dying(Direct, ""), 0, -SIGKILL},
         {"killed when it has asked", Dying(Asking, ask), 0, -SIGKILL},
-        {"killed when it is let in", Dying(Asking, ask, true), 0, -SIGKILL},
         {"killed when it has called", Dying(Direct, Sound), 0, -SIGKILL},
         {"killed while it is served", Dying(Direct, kill, true), 0, -SIGKILL},
         {"killed when its reply has come", Dying(Direct, Sound, true), 0, -SIGKILL},
@@ -458,20 +383,13 @@ TEST_F(Hostile, ServersCostTheirClientOneCall)
     std::vector<HostileServer> rows{
         {"sound", XoOk, Replying({})},
         {"garbage", XoBroken, Answering("garbage")},
-        {"empty", XoBroken, Answering("")},
-        {"cut", XoBroken, Answering(Reply.substr(0, 100))},
         {"a request", XoBroken, Answering(Sound)},
         {"to a call not made yet", XoBroken, Replying({.sequence = 2})},
-        {"to no call", XoBroken, Replying({.sequence = 0})},
-        {"too large", XoBroken, Replying({.messageBytes = 81})},
         {"a larger arena than was sent", XoBroken, Replying({.arenaBytes = 9})},
         {"arena too large", XoBroken, Replying({.flags = 1, .arenaBytes = 90000}, {large.Get()})},
         {"handle beyond the count", XoBroken, Replying({.handles = 1, .mask = 2}, {zero})},
-        {"handle nobody asked for", XoBroken, Replying({.handles = 1, .mask = 1}, {zero})},
-        {"twenty descriptors", XoBroken, Replying({}, std::vector<int>(20, zero))},
         {"silent", WzTimedOut, BeSilent, 100},
         {"killed before it accepts", XoObjectGone, DyingAfter(0)},
-        {"killed before it receives", XoObjectGone, DyingAfter(1)},
         {"killed before it replies", XoObjectGone, DyingAfter(2)},
         {"killed after its reply", XoOk, DyingAfter(2, Reply)},
     };
@@ -501,11 +419,8 @@ TEST_F(Hostile, ServersInTheHandshakeGiveACode)
 {
     const HostileServer rows[] = {
         {"garbage", XoBroken, Answering("garbage")},
-        {"a reply", XoBroken, Answering(Reply)},
         {"a code with a meaning", XoRefused, Answering(Verdict(-11))},
-        {"gone, it says", XoRefused, Answering(Verdict(XoObjectGone))},
         {"silent", XoTimedOut, BeSilent, 100},
-        {"killed before it accepts", XoObjectGone, DyingAfter(0)},
         {"killed before it reads", XoObjectGone, DyingAfter(1)},
         {"killed before its verdict", XoObjectGone, DyingAfter(2)},
     };

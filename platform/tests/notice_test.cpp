@@ -114,25 +114,6 @@ TEST_F(NoticeTest, DropWakesWaitersNowAndLater)
     EXPECT_EQ(XoNoticeGetEvent(notice, WzInfinite, 1, &event, &received), XoObjectGone);
 }
 
-TEST_F(NoticeTest, TakesNoEventWhenNoneIsAskedFor)
-{
-    unsigned long received = 1;
-    EXPECT_EQ(XoNoticeGetEvent(notice, 0, 0, nullptr, &received), XoTimedOut);
-    ASSERT_EQ(XoNoticeSubscribeToObject(notice, waiter, 0x10001, 7), XoOk);
-    ASSERT_EQ(XoNoticeSetObjectEvent(setter, 0x10000), XoOk);
-    EXPECT_EQ(XoNoticeGetEvent(notice, 5000, 0, nullptr, &received), XoOk);
-    EXPECT_EQ(received, 0U);
-    EXPECT_EQ(NextBits(), 0x10000U);
-}
-
-TEST_F(NoticeTest, TellsTheEndsApart)
-{
-    EXPECT_EQ(XoNoticeSubscribeToObject(notice, setter, 1, 1), XoInvalidArgument);
-    EXPECT_EQ(XoNoticeSetObjectEvent(waiter, 2), XoInvalidArgument);
-    EXPECT_EQ(XoNoticeSetObjectEvent(setter, XoEventClosed), XoInvalidArgument);
-    EXPECT_EQ(XoNoticeSetObjectEvent(0x123456, 2), XoObjectGone);
-}
-
 TEST_F(NoticeTest, WaitingEndTravelsInAMessage)
 {
     Endpoint endpoint("travels");

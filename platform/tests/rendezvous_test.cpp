@@ -55,15 +55,6 @@ TEST_F(RendezvousTest, MakesWhatIsMissingForItsOwnerAlone)
     EXPECT_EQ(log.Count(), 0U);
 }
 
-TEST_F(RendezvousTest, FallsBackToTheFolderOfTheSession)
-{
-    ::unsetenv("TVO_RUNTIME_DIR");
-    ::setenv("XDG_RUNTIME_DIR", base.c_str(), 1);
-    Rendezvous rendezvous;
-    EXPECT_GE(rendezvous.Open(Place::Connections, Purpose::Create), 0);
-    EXPECT_TRUE(fs::is_directory(base / "tvo/connections"));
-}
-
 TEST_F(RendezvousTest, RefusesAWrongFolderWithOneLine)
 {
     const auto open = fs::perms::all;
@@ -127,20 +118,6 @@ TEST_F(RendezvousTest, KnowsWhoseTheFolderIs)
     fs::permissions(m_former, fs::perms::owner_all);
 }
 
-TEST_F(RendezvousTest, AFolderOnceOpenedStaysTheFolder)
-{
-    ::setenv("TVO_RUNTIME_DIR", (base / "first").c_str(), 1);
-    Rendezvous rendezvous;
-    const int folder = rendezvous.Open(Place::Servers, Purpose::Create);
-    ASSERT_GE(folder, 0);
-    fs::rename(base / "first", base / "moved");
-    fs::create_directory_symlink(base / "elsewhere", base / "first");
-    EXPECT_EQ(rendezvous.Open(Place::Servers, Purpose::Create), folder);
-    const auto name = BoundName::Take(folder, "vx.tests.Moved", {});
-    EXPECT_TRUE(name);
-    EXPECT_TRUE(fs::exists(base / "moved/servers/vx.tests.Moved.sock"));
-}
-
 TEST_F(RendezvousTest, ANameIsHeldOnceAndLeavesNoSocketBehind)
 {
     const Descriptor opened(::open(base.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
@@ -198,35 +175,6 @@ TEST(Names, AreEncodedForFiles)
     EXPECT_FALSE(EncodeName((std::string(78, 'n') + ":").c_str()));
     EXPECT_FALSE(EncodeName(""));
     EXPECT_FALSE(EncodeName(nullptr));
-}
-
-TEST(LockFile, ReadsWholeAndSensibleLinesOnly)
-{
-    using Kind = LockFileLine::Kind;
-    const auto lines = ParseLines(
-        "process 17\n"
-        "service vx.I%2FA name%20one\n"
-        "endpoint 3 part.Point vx.Point\n"
-        "endpoint 65535 part.Point vx.Point\n"
-        "endpoint -1 a b\n"
-        "service one\n"
-        "service a b c\n"
-        "service %zz b\n"
-        "\n"
-        "other 1\n"
-        "service cut off");
-    ASSERT_EQ(lines.size(), 3U);
-    EXPECT_EQ(lines[0].kind, Kind::Process);
-    EXPECT_EQ(lines[0].number, 17U);
-    EXPECT_EQ(lines[1].first, "vx.I/A");
-    EXPECT_EQ(lines[1].second, "name one");
-    EXPECT_EQ(lines[2].number, 3U);
-    std::string again;
-    for (const LockFileLine& line : lines)
-    {
-        again += FormatLine(line);
-    }
-    EXPECT_EQ(again, "process 17\nservice vx.I%2FA name%20one\nendpoint 3 part.Point vx.Point\n");
 }
 
 }  // namespace

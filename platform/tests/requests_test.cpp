@@ -109,27 +109,5 @@ TEST_F(Requests, StayPendingWhenTheEndpointIsFull)
     EXPECT_EQ(asking.Read(), Verdict(XoOk));
 }
 
-TEST_F(Requests, NamesAreBounded)
-{
-    struct Row
-    {
-        std::string server;
-        std::string service;
-        int expected;
-    };
-    for (const Row& row : {Row{std::string(80, 's'), "offered", XoObjectGone},
-                           Row{std::string(81, 's'), "offered", XoInvalidArgument},
-                           Row{"", "offered", XoInvalidArgument},
-                           Row{Entity, std::string(255, 's'), XoTimedOut},
-                           Row{Entity, std::string(256, 's'), XoInvalidArgument},
-                           Row{Entity, "", XoInvalidArgument}})
-    {
-        std::uint32_t handle = 0;
-        std::uint32_t riid = 0;
-        EXPECT_EQ(XoCmConnect(row.server.c_str(), row.service.c_str(), 0, &handle, &riid),
-                  row.expected);
-    }
-}
-
 }  // namespace
 }  // namespace platform::tests

@@ -17,42 +17,6 @@ std::future<int> CallLater(WzTvoTransport transport, Letter& request, Letter& re
                       { return Call(transport, request, response); });
 }
 
-TEST(Transport, CarriesMessageAndArenaThereAndBack)
-{
-    EchoServer server("echo");
-    Client client("echo");
-    Letter request(80, 300);
-    request.Head().iid = 5;
-    request.Head().mid = 2;
-    request.bytes[24] = 0xAB;
-    request.Write("text");
-    Letter response(80, 300);
-    std::memset(response.bytes.data() + 24, 0xEE, 56);
-    ASSERT_EQ(Call(client.transport, request, response), XoOk);
-    EXPECT_EQ(response.Head().iid, 5);
-    EXPECT_EQ(response.Head().mid, 2);
-    EXPECT_EQ(response.bytes[24], 0xAB);
-    EXPECT_EQ(response.bytes[79], 0);
-    EXPECT_EQ(response.Text(), "text");
-}
-
-TEST(Transport, ZeroesWhatAShortRequestLeavesFree)
-{
-    Endpoint endpoint("zeroes");
-    Client client("zeroes");
-    Letter request(32);
-    Letter response;
-    auto call = CallLater(client.transport, request, response);
-    Letter received(80);
-    std::memset(received.bytes.data() + 24, 0xEE, 100);
-    ASSERT_EQ(Receive(endpoint.transport, received), XoOk);
-    EXPECT_EQ(received.bytes[32], 0);
-    EXPECT_EQ(received.bytes[79], 0);
-    EXPECT_EQ(received.bytes[80], 0xEE) << "behind the buffer";
-    EXPECT_EQ(Reply(endpoint.transport, received), XoOk);
-    EXPECT_EQ(call.get(), XoOk);
-}
-
 TEST(Transport, CarriesArenasOfEverySize)
 {
     EchoServer server("arenas", std::size_t{1} << 20);
@@ -100,23 +64,6 @@ TEST(Transport, RefusesWhatIsTooBigOrMakesNoSense)
     }
 }
 
-TEST(Transport, ReplySendsAWholeHeaderWhateverTheSizeWord)
-{
-    Endpoint endpoint("header");
-    Client client("header");
-    Letter request;
-    Letter response(80);
-    auto call = CallLater(client.transport, request, response);
-    Letter received;
-    ASSERT_EQ(Receive(endpoint.transport, received), XoOk);
-    Letter reply(0);
-    reply.Head().mid = 9;
-    EXPECT_EQ(Reply(endpoint.transport, reply), XoOk);
-    EXPECT_EQ(call.get(), XoOk);
-    EXPECT_EQ(response.Head().mid, 9);
-    EXPECT_NE(Reply(endpoint.transport, reply), XoOk) << "answered already";
-}
-
 TEST(Transport, AbandonedCallsReplyIsNotTheNextCallsReply)
 {
     Endpoint endpoint("abandoned");
@@ -152,23 +99,6 @@ TEST(Transport, AbandonedCallsReplyIsNotTheNextCallsReply)
     EXPECT_EQ(peer.pid, static_cast<std::uint32_t>(::getpid()));
     EXPECT_EQ(Reply(endpoint.transport, received), XoOk);
     EXPECT_EQ(next.get(), XoOk);
-}
-
-TEST(Transport, ReplyToACallerThatHasGoneFails)
-{
-    Endpoint endpoint("left");
-    Letter received;
-    {
-        Client dead("left");
-        WzTvoSetTransportTimeouts(&dead.transport, 0, 0);
-        Letter request;
-        Letter response;
-        EXPECT_EQ(Call(dead.transport, request, response), WzTimedOut);
-        ASSERT_EQ(Receive(endpoint.transport, received), XoOk);
-    }
-    EXPECT_EQ(Reply(endpoint.transport, received), XoObjectGone);
-    WzTvoPeer peer{};
-    EXPECT_NE(WzTvoTransportGetPeer(&endpoint.transport, &peer), XoOk);
 }
 
 TEST(Transport, ThreadsOnOneConnectionQueue)
@@ -238,56 +168,6 @@ TEST(Transport, ClosingTheEndpointFreesReceiversAndCallers)
     EXPECT_EQ(receiving.get(), XoObjectGone);
     EXPECT_EQ(calling.get(), XoObjectGone);
     EXPECT_EQ(ServiceLocatorConnect("close-server"), XoInvalidHandle);
-}
-
-TEST(Ticket, AnswersLaterWhileOthersAreServed)
-{
-    Endpoint endpoint("tickets");
-    Client clients[] = {Client("tickets"), Client("tickets")};
-    Letter requests[2];
-    Letter responses[2];
-    requests[0].bytes[24] = 1;
-    auto first = CallLater(clients[0].transport, requests[0], responses[0]);
-    Letter kept;
-    ASSERT_EQ(Receive(endpoint.transport, kept), XoOk);
-    WzTvoTicket ticket{};
-    ASSERT_EQ(WzTvoTransportDetach(&endpoint.transport, &ticket), XoOk);
-    EXPECT_NE(Reply(endpoint.transport, kept), XoOk) << "detached";
-    EXPECT_NE(WzTvoTransportDetach(&endpoint.transport, &ticket), XoOk);
-
-    auto second = CallLater(clients[1].transport, requests[1], responses[1]);
-    Letter other;
-    ASSERT_EQ(Receive(endpoint.transport, other), XoOk);
-    EXPECT_EQ(Reply(endpoint.transport, other), XoOk);
-    EXPECT_EQ(second.get(), XoOk);
-
-    EXPECT_EQ(WzTvoTicketReply(&ticket, &kept.Head(), nullptr), XoOk);
-    EXPECT_EQ(first.get(), XoOk);
-    EXPECT_EQ(responses[0].bytes[24], 1);
-    EXPECT_EQ(responses[1].bytes[24], 0);
-    EXPECT_NE(WzTvoTicketReply(&ticket, &kept.Head(), nullptr), XoOk) << "used up";
-}
-
-TEST(Ticket, IsVoidedByANewerOneAndByHangUp)
-{
-    Endpoint endpoint("voided");
-    WzTvoTicket older{};
-    WzTvoTicket newer{};
-    Letter received;
-    {
-        Client client("voided");
-        WzTvoSetTransportTimeouts(&client.transport, 0, 0);
-        for (WzTvoTicket* ticket : {&older, &newer})
-        {
-            Letter request;
-            Letter response;
-            EXPECT_EQ(Call(client.transport, request, response), WzTimedOut);
-            ASSERT_EQ(Receive(endpoint.transport, received), XoOk);
-            ASSERT_EQ(WzTvoTransportDetach(&endpoint.transport, ticket), XoOk);
-        }
-        EXPECT_NE(WzTvoTicketReply(&older, &received.Head(), nullptr), XoOk);
-    }
-    EXPECT_NE(WzTvoTicketReply(&newer, &received.Head(), nullptr), XoOk);
 }
 
 }  // namespace

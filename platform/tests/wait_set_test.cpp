@@ -6,7 +6,6 @@
 
 #include <tvo/process.h>
 #include <tvo/wait_set.h>
-#include <wz/endpoint.h>
 
 #include "linux_support.h"
 
@@ -15,17 +14,16 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::UnorderedElementsAre;
 using Keys = std::vector<std::uint64_t>;
 
 constexpr const char* Entity = "vx.tests.WaitSet";
 constexpr const char* Servers = "servers/vx.tests.WaitSet";
 constexpr const char* Connections = "connections/awaited";
 
-std::uint32_t StartShell(const char* script)
+std::uint32_t StartShell(const char* script, int output = -1)
 {
     const char* const arguments[] = {"child", "-c", script, nullptr};
-    const TvoProgram program{"/bin/sh", arguments, nullptr};
+    const TvoProgram program{"/bin/sh", arguments, nullptr, output};
     std::uint32_t handle = XoInvalidHandle;
     std::uint32_t pid = 0;
     EXPECT_EQ(TvoProcessStart(&program, &handle, &pid), XoOk);
@@ -60,15 +58,6 @@ protected:
         result = TvoWaitSetWait(set, timeout, keys.size(), keys.data(), &received);
         keys.resize(received);
         return keys;
-    }
-
-    Keys Ended() const
-    {
-        Keys ids(3);
-        unsigned long received = 0;
-        EXPECT_EQ(WzTvoEndpointGetEnded(endpoint.handle, ids.size(), ids.data(), &received), XoOk);
-        ids.resize(received);
-        return ids;
     }
 
     int Receive()
@@ -149,6 +138,14 @@ TEST_F(WaitSetTest, EachIsReadyUntilItsOperationHasNothingToDo)
     ::kill(::getpid(), SIGTERM);
     EXPECT_THAT(Wait(), ElementsAre(4));
     EXPECT_THAT(Wait(0), IsEmpty()) << "used up";
+    EXPECT_EQ(TvoWaitSetAddReload(set, 5), XoOk);
+    EXPECT_EQ(TvoWaitSetAddServerChanges(set, 6), XoOk);
+    ::kill(::getpid(), SIGHUP);
+    EXPECT_THAT(Wait(), ElementsAre(5));
+    EXPECT_THAT(Wait(0), IsEmpty());
+    EXPECT_TRUE(::shared::ipc_utils::TryPublishService(Entity, "offered too"));
+    EXPECT_THAT(Wait(), ElementsAre(6));
+    EXPECT_THAT(Wait(0), IsEmpty());
     TvoWaitSetWake(set);
     EXPECT_THAT(Wait(), IsEmpty());
     EXPECT_EQ(result, XoOk) << "woken";
@@ -157,33 +154,6 @@ TEST_F(WaitSetTest, EachIsReadyUntilItsOperationHasNothingToDo)
     XoNoticeRelease(notice);
     XoHandleClose(setter);
     XoHandleClose(waiter);
-}
-
-TEST_F(WaitSetTest, EndsOfConnectionsAreToldAndHideNoRequest)
-{
-    ASSERT_EQ(TvoWaitSetAddHandle(set, endpoint.handle, 7), XoOk);
-    Keys ids;
-    for (int i = 0; i < 5; ++i)
-    {
-        WzTvoPeer peer{};
-        Say(Connections, Packet());
-        ASSERT_EQ(Receive(), XoOk);
-        ASSERT_EQ(WzTvoTransportGetPeer(&endpoint.transport, &peer), XoOk);
-        ids.push_back(peer.connection);
-    }
-    EXPECT_EQ(Receive(), WzTimedOut);
-    EXPECT_THAT(Ended(), IsEmpty());
-    raw[0].Send(Packet());  // its number does not rise
-    raw[1].Close();
-    raw[2].Close();
-    raw[3].Close();
-    raw[4].Send(Packet{.sequence = 2});
-    ASSERT_EQ(Receive(), XoOk) << "behind the ends";
-    EXPECT_THAT(Wait(), ElementsAre(7));
-    EXPECT_THAT(Ended(), UnorderedElementsAre(ids[0], ids[1], ids[2]));
-    EXPECT_THAT(Wait(), ElementsAre(7));
-    EXPECT_THAT(Ended(), ElementsAre(ids[3]));
-    EXPECT_THAT(Wait(0), IsEmpty());
 }
 
 TEST_F(WaitSetTest, RestingListenersComeBack)
@@ -215,6 +185,7 @@ TEST_F(WaitSetTest, ChildBeginsAfreshAndItsEndIsTold)
 {
     // Whatever this process has made of its signals.
     const auto former = std::signal(SIGPIPE, SIG_IGN);
+    const Descriptor inheritable(::dup(STDERR_FILENO));
     ASSERT_EQ(TvoWaitSetAddTermination(set, 0), XoOk);
     const struct
     {
@@ -227,6 +198,8 @@ TEST_F(WaitSetTest, ChildBeginsAfreshAndItsEndIsTold)
         {"kill -9 $$", 9, 1},
         {"grep -c '^Sig[BI][lg][kn]:.0000000000000000' /proc/self/status | grep -qx 2", 0},
         {"set -- $(cat /proc/$$/stat); test $5 = $$", 0},  // leads its group
+        {"test $(ls /proc/self/fd | wc -l) = 4", 0},       // the standard ones and the folder's
+        {"kill -STOP $$", 6, 1, TvoProcessSignal::Abort},
         {"while true; do sleep 100; done", 15, 1, TvoProcessSignal::Terminate},
         {"while true; do sleep 100; done", 9, 1, TvoProcessSignal::Kill},
     };
@@ -239,6 +212,7 @@ TEST_F(WaitSetTest, ChildBeginsAfreshAndItsEndIsTold)
         if (row.signal)
         {
             EXPECT_EQ(TvoProcessGetEnd(child, &end), XoTimedOut);
+            EXPECT_EQ(TvoProcessServes(child, Entity), XoTimedOut) << "that is this process";
             EXPECT_EQ(TvoProcessSend(child, *row.signal), XoOk);
         }
         EXPECT_THAT(Wait(), ElementsAre(1));
@@ -246,10 +220,33 @@ TEST_F(WaitSetTest, ChildBeginsAfreshAndItsEndIsTold)
         EXPECT_EQ(end.status, row.status);
         EXPECT_EQ(end.bySignal, row.bySignal);
         EXPECT_EQ(TvoProcessSend(child, TvoProcessSignal::Kill), XoObjectGone);
+        EXPECT_EQ(TvoProcessServes(child, Entity), XoObjectGone);
         TvoWaitSetRemove(set, 1);
         EXPECT_EQ(XoHandleClose(child), XoOk);
     }
     std::signal(SIGPIPE, former);
+}
+
+TEST_F(WaitSetTest, ChildWritesWhereItIsToldAndTakesItsGroupWithIt)
+{
+    int ends[2] = {-1, -1};
+    ASSERT_EQ(::pipe2(ends, O_CLOEXEC), 0);
+    const Descriptor reading(ends[0]);
+    Descriptor writing(ends[1]);
+    const std::uint32_t child = StartShell("sleep 1000 & echo here; echo too >&2", writing.Get());
+    writing.Reset();
+    EXPECT_EQ(TvoWaitSetAddHandle(set, child, 1), XoOk);
+    EXPECT_THAT(Wait(), ElementsAre(1));
+    TvoProcessEnd end{};
+    EXPECT_EQ(TvoProcessGetEnd(child, &end), XoOk);
+    std::string written;
+    for (char byte = 0; ::read(reading.Get(), &byte, 1) == 1;)
+    {
+        written += byte;
+    }
+    EXPECT_EQ(written, "here\ntoo\n") << "and nobody is left who could write more";
+    TvoWaitSetRemove(set, 1);
+    XoHandleClose(child);
 }
 
 }  // namespace

@@ -15,9 +15,7 @@ struct Target
     std::vector<std::string> (*seeds)();
 };
 
-extern const Target Requests;
-extern const Target Replies;
-extern const Target Handshakes;
+extern const Target Packets;
 extern const Target LockFiles;
 extern const Target WireCertificates;
 extern const Target CertificateTexts;

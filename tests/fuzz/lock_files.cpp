@@ -41,14 +41,6 @@ void ReadForeign(std::string_view text)
         written += platform::FormatLine(line);
     }
     Require(AreEqual(platform::ParseLines(written), lines), "what was read can be written");
-
-    // A reader may see the file before its last line is there.
-    const std::size_t half = text.size() / 2;
-    auto former = platform::ParseLines(text.substr(0, half));
-    const std::size_t begun = text.substr(0, half).find_last_of('\n') + 1;
-    const auto later = platform::ParseLines(text.substr(begun));
-    former.insert(former.end(), later.begin(), later.end());
-    Require(AreEqual(former, lines), "lines do not depend on each other");
 }
 
 /// The bytes as names that a program offers.

@@ -34,9 +34,7 @@ TEST_P(FuzzSeeds, KeepEveryPromise)
 
 INSTANTIATE_TEST_SUITE_P(Targets,
                          FuzzSeeds,
-                         ::testing::Values(fuzz::Requests,
-                                           fuzz::Replies,
-                                           fuzz::Handshakes,
+                         ::testing::Values(fuzz::Packets,
                                            fuzz::LockFiles,
                                            fuzz::WireCertificates,
                                            fuzz::CertificateTexts,

@@ -100,22 +100,6 @@ TEST_F(Logger, TakesTheThresholdFromTheEnvironment)
     EXPECT_THAT(written, ::testing::HasSubstr("TVO_LOG_LEVEL is no level: infos"));
 }
 
-TEST_F(Logger, BeginsLinesWithTheTimeOfTheSecondTheyWereWrittenIn)
-{
-    const auto now = []
-    {
-        const std::time_t time = std::time(nullptr);
-        char text[32];
-        return std::string(
-            text, std::strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S", std::localtime(&time)));
-    };
-    const std::string before = now();
-    const std::string written = WrittenBy(LogLevel::Info, [] { TVO_LOG_INFO("line"); });
-    const std::string time = written.substr(0, before.size());
-    EXPECT_GE(time, before);
-    EXPECT_LE(time, now());
-}
-
 TEST_F(Logger, CountsLevelsAboveOffAsOff)
 {
     DefaultLoggerImpl implementation;

@@ -45,21 +45,6 @@ TEST(Tracer, WritesOpeningAndClosingLine)
     EXPECT_EQ(recorder.Lines()[1].function, "LogImpl");
 }
 
-TEST(Tracer, EndsWithThePostfixAsItStands)
-{
-    const RecordingLogger recorder;
-    {
-        Tracer tracer("",
-                      "Run",
-                      LogLevel::Info,
-                      [](std::string& buffer) -> std::string_view
-                      { return buffer = "@{not a format}"; });
-        tracer.PutResults("ok ");
-        tracer.LogImpl(LogLevel::Info, "{} of {}", 1, 2);
-    }
-    EXPECT_THAT(Messages(recorder), ElementsAre("Run(): ok 1 of 2", "Run(): ok @{not a format}"));
-}
-
 TEST(Tracer, WritesNothingWhenOffOrSuppressed)
 {
     RecordingLogger recorder;

@@ -37,17 +37,3 @@ TEST(NvlError, BecomesCodeAndText)
               Result(UnspecifiedError, "nvl: std::exception: x"));
     EXPECT_EQ(Processed(5), Result(UnknownException, "nvl: non-std exception"));
 }
-
-TEST(NvlError, MovesAThrownPairOut)
-{
-    const Result result(7, "longer than what fits into the string object itself");
-    try
-    {
-        throw Result(result);
-    }
-    catch (const Result& caught)
-    {
-        EXPECT_EQ(nvl::ProcessException(), result);
-        EXPECT_EQ(caught, Result(7, ""));
-    }
-}

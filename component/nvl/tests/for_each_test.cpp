@@ -13,15 +13,6 @@ static_assert(!std::is_convertible_v<short, nvl_sm::BanInt<short>>);
 
 using Map = std::map<std::string, Value, std::less<void>>;
 
-/// Leaves the value that it is put into without an alternative.
-struct BadMap
-{
-    operator Map() const
-    {
-        throw 5;
-    }
-};
-
 Value MakeTree()
 {
     const Value::Variant number(5);
@@ -57,12 +48,4 @@ TEST(ForEach, VisitsNodesBeforeChildrenUntilToldToStop)
     {
         EXPECT_EQ(Walk(MakeTree(), answer), std::pair(answer, std::string("x/ x/0/ ")));
     }
-}
-
-TEST(ForEach, EndsAtANodeWithoutValue)
-{
-    Value tree = MakeTree();
-    auto& elements = std::get<nvl::kind::List>(tree.value);
-    EXPECT_THROW(elements[1].value.emplace<nvl::kind::Map>(BadMap()), int);
-    EXPECT_EQ(Walk(tree, Option::Noted), std::pair(Option::Invalid, std::string("x/ x/0/ x/1/ ")));
 }

@@ -1,4 +1,3 @@
-#include <memory>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -8,23 +7,8 @@
 #include <component/plk/exceptions.h>
 #include <component/plk/process_exception.h>
 #include <component/plk/result_codes.h>
-#include <component/plk/text.h>
 
 namespace {
-
-std::string Narrow(const zin::Exception::String& text)
-{
-    return zin::text::Cast<std::string>(text);
-}
-
-class WithInner final : public zin::ExceptionBase<WithInner, zin::Exception>
-{
-public:
-    explicit WithInner(std::unique_ptr<zin::Exception> inner) : ExceptionBase("outer.cpp", 2)
-    {
-        SetInner(std::move(inner));
-    }
-};
 
 using Result = std::pair<int, std::string>;
 
@@ -45,28 +29,6 @@ Result Processed(Throw throwIt)
 }
 
 }  // namespace
-
-TEST(Exceptions, ShowResultCodes)
-{
-    using zin::ResultCodeException;
-    EXPECT_EQ(Narrow(ResultCodeException("f", 1, plk::codes::UnspecifiedError).Text()),
-              "0x8000004b (Unspecified error)");
-    EXPECT_EQ(Narrow(ResultCodeException("f", 1, plk::codes::NetworkError).Text()),
-              "0x80010116 (Network error)");
-    EXPECT_EQ(Narrow(ResultCodeException("f", 1, 2).Text()), "0x00000002 (Unknown result code)");
-}
-
-TEST(Exceptions, CopyThemselvesAndTheExceptionInside)
-{
-    auto inner = std::make_unique<zin::CheckResultFailedException>("inner.cpp", 1, 5);
-    *inner << "cause";
-    const WithInner original(std::move(inner));
-    const auto copy = original.Clone();
-    EXPECT_NE(copy->Inner(), original.Inner());
-    EXPECT_EQ(Narrow(copy->Inner()->Text()), "cause: 0x00000005 (Unknown result code)");
-    EXPECT_THROW(copy->Throw(), WithInner);
-    EXPECT_THROW(copy->Inner()->Throw(), zin::CheckResultFailedException);
-}
 
 TEST(Exceptions, ChecksThrowOnFailureOnly)
 {

@@ -50,14 +50,14 @@ protected:
         return string16_t(text, zin::abi_v1_allocator(&m_allocator));
     }
 
-    static void ExpectText(const string16_t& text, const std::string& expected)
-    {
-        EXPECT_EQ(zin::text::Cast<std::string>(text), expected);
-        EXPECT_EQ(text.data()[text.size()], u'\0');
-    }
-
     CountingAllocator m_allocator;
 };
+
+void ExpectText(const string16_t& text, const std::string& expected)
+{
+    EXPECT_EQ(zin::text::Cast<std::string>(text), expected);
+    EXPECT_EQ(text.data()[text.size()], u'\0');
+}
 
 static_assert(sizeof(string16_t) == 48);
 
@@ -79,21 +79,6 @@ TEST_F(StringTest, LeavesTheObjectWithTheEighthCharacter)
     EXPECT_EQ(m_allocator.blocks, 1);
 }
 
-TEST_F(StringTest, GivesTheOldBlockToTheGuard)
-{
-    string16_t text = Make(u"0123456789");
-    const char16_t* const before = text.data();
-    {
-        zin::types::auto_delete<char16_t, zin::abi_v1_allocator> guard(text.allocator());
-        text.reserve_extra(&guard, 100);
-        EXPECT_EQ(guard.get(), before);
-        text.reserve_extra(&guard, 1000);
-        EXPECT_EQ(m_allocator.blocks, 2) << "the guard freed what it held before";
-    }
-    EXPECT_EQ(m_allocator.blocks, 1);
-    ExpectText(text, "0123456789");
-}
-
 TEST_F(StringTest, CopiesAndMovesWithItsAllocator)
 {
     for (const char16_t* const content : {u"1234567", u"12345678", u"12345678901234567890"})
@@ -112,20 +97,6 @@ TEST_F(StringTest, CopiesAndMovesWithItsAllocator)
     }
     EXPECT_EQ(m_allocator.references, 0);
     EXPECT_EQ(m_allocator.blocks, 0);
-}
-
-TEST_F(StringTest, WithoutBlockIsEmptyAndGrows)
-{
-    string16_t none{zin::types::without_block_t()};
-    string16_t copy = none;
-    string16_t moved = std::move(none);
-    for (string16_t* const text : {&copy, &moved})
-    {
-        ExpectText(*text, "");
-        text->append_by_traits(u"abc", 3);
-        ExpectText(*text, "abc");
-        EXPECT_EQ(text->capacity(), 7U);
-    }
 }
 
 TEST_F(StringTest, StaysWholeWhenItCannotGrow)

@@ -36,6 +36,14 @@ int TvoWaitSetAddConnectionRequests(STvoWaitSet* set, std::uint64_t key);
 /// this thread and those that it starts. Reporting it uses it up. The set's release restores both.
 int TvoWaitSetAddTermination(STvoWaitSet* set, std::uint64_t key);
 
+/// Adds the wish that this process should read its configuration anew: SIGHUP, in the same way.
+int TvoWaitSetAddReload(STvoWaitSet* set, std::uint64_t key);
+
+/// Adds that a server of the terminal has taken its name or published a service, for instance one
+/// that `TvoProcessServes` is asked about. Reporting it uses it up.
+/// @returns 0, or `XoNoResources`, also when the rendezvous folder is unusable
+int TvoWaitSetAddServerChanges(STvoWaitSet* set, std::uint64_t key);
+
 /// @returns 0, or `XoInvalidArgument` when nothing has this key
 int TvoWaitSetRemove(STvoWaitSet* set, std::uint64_t key);
 

@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cstring>
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 
@@ -223,6 +224,28 @@ std::optional<std::vector<LockFileLine>> ReadHeldLockFile(int folder,
         return std::nullopt;
     }
     return ParseLines(ReadAll(file.Get()));
+}
+
+std::set<std::string> ListLockFiles(int folder)
+{
+    std::set<std::string> names;
+    const int copy = ::openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    DIR* directory = copy >= 0 ? ::fdopendir(copy) : nullptr;
+    if (directory == nullptr)
+    {
+        Descriptor unused(copy);
+        return names;
+    }
+    while (const dirent* entry = ::readdir(directory))
+    {
+        const std::string_view file = entry->d_name;
+        if (file.ends_with(LockSuffix))
+        {
+            names.emplace(file.substr(0, file.size() - LockSuffix.size()));
+        }
+    }
+    ::closedir(directory);
+    return names;
 }
 
 }  // namespace platform

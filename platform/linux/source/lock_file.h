@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -57,6 +58,9 @@ private:
 /// Reads the lock file of a name that a living process holds.
 std::optional<std::vector<LockFileLine>> ReadHeldLockFile(int folder,
                                                           const std::string& encodedName);
+
+/// The encoded names of all lock files of the folder, held or not.
+std::set<std::string> ListLockFiles(int folder);
 
 inline constexpr std::string_view LockSuffix = ".lock";
 inline constexpr std::string_view SocketSuffix = ".sock";

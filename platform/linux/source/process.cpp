@@ -1,5 +1,6 @@
 #include "process.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <csignal>
@@ -14,6 +15,9 @@
 #include <xo/result.h>
 
 #include "handle_table.h"
+#include "lock_file.h"
+#include "names.h"
+#include "rendezvous.h"
 
 namespace platform {
 namespace {
@@ -52,6 +56,17 @@ void ResetSignals()
     ::sigprocmask(SIG_SETMASK, &none, nullptr);
 }
 
+/// What this process has open is not the child's; the pipe closes by itself as the child goes on.
+void SetDescriptors(int output)
+{
+    if (output >= 0)
+    {
+        ::dup2(output, STDOUT_FILENO);
+        ::dup2(output, STDERR_FILENO);
+    }
+    ::close_range(STDERR_FILENO + 1, ~0U, CLOSE_RANGE_CLOEXEC);
+}
+
 /// In the child. Only what is safe in a signal handler may be called: another thread may have held
 /// any lock at the fork.
 [[noreturn]] void Become(const TvoProgram& program, pid_t parent, int failurePipe)
@@ -62,6 +77,7 @@ void ResetSignals()
     {
         ::_exit(EXIT_FAILURE);
     }
+    SetDescriptors(program.output);
     TvoTaskRestoreDescriptorLimit();
     ResetSignals();
     ::execve(program.path,
@@ -113,6 +129,20 @@ int ToResult(int error)
     }
 }
 
+int ToNumber(TvoProcessSignal signal)
+{
+    switch (signal)
+    {
+        case TvoProcessSignal::Terminate:
+            return SIGTERM;
+        case TvoProcessSignal::Abort:
+            return SIGABRT;
+        case TvoProcessSignal::Kill:
+            break;
+    }
+    return SIGKILL;
+}
+
 void End(pid_t child)
 {
     ::kill(child, SIGKILL);
@@ -154,11 +184,45 @@ Process::Process(pid_t pid, Descriptor descriptor)
     : Object(ObjectKind::Process), m_pid(pid), m_descriptor(std::move(descriptor))
 {}
 
-int Process::Send(int signal)
+int Process::Send(TvoProcessSignal signal)
 {
     const std::lock_guard lock(m_mutex);
     // While its end is not fetched, nobody else can have its number.
-    return !m_end && ::kill(-m_pid, signal) == 0 ? XoOk : XoObjectGone;
+    if (m_end || ::kill(-m_pid, ToNumber(signal)) != 0)
+    {
+        return XoObjectGone;
+    }
+    if (signal == TvoProcessSignal::Abort)
+    {
+        ::kill(-m_pid, SIGCONT);
+    }
+    return XoOk;
+}
+
+int Process::Serves(const char* server)
+{
+    const std::lock_guard lock(m_mutex);
+    const auto name = EncodeName(server);
+    const int folder =
+        m_end || !name ? -1 : Rendezvous::Instance().Open(Place::Servers, Purpose::Look);
+    if (folder < 0)
+    {
+        return XoObjectGone;
+    }
+    const auto lines = ReadHeldLockFile(folder, *name);
+    const auto isOfGroup = [this](const LockFileLine& line)
+    {
+        return line.kind == LockFileLine::Kind::Process &&
+               ::getpgid(static_cast<pid_t>(line.number)) == m_pid;
+    };
+    const auto isService = [](const LockFileLine& line)
+    {
+        return line.kind == LockFileLine::Kind::Service;
+    };
+    return lines && std::any_of(lines->begin(), lines->end(), isOfGroup) &&
+                   std::any_of(lines->begin(), lines->end(), isService)
+               ? XoOk
+               : XoTimedOut;
 }
 
 int Process::GetEnd(TvoProcessEnd& end)
@@ -168,7 +232,7 @@ int Process::GetEnd(TvoProcessEnd& end)
     {
         siginfo_t info{};
         const int options = WEXITED | WNOHANG;
-        if (::waitid(P_PID, static_cast<id_t>(m_pid), &info, options) != 0)
+        if (::waitid(P_PID, static_cast<id_t>(m_pid), &info, options | WNOWAIT) != 0)
         {
             return XoObjectGone;
         }
@@ -176,6 +240,9 @@ int Process::GetEnd(TvoProcessEnd& end)
         {
             return XoTimedOut;
         }
+        // Before its number is free, which is the group's too.
+        ::kill(-m_pid, SIGKILL);
+        ::waitid(P_PID, static_cast<id_t>(m_pid), &info, options);
         m_end = TvoProcessEnd{info.si_status, info.si_code == CLD_EXITED ? 0U : 1U};
     }
     end = *m_end;
@@ -204,7 +271,7 @@ int TvoProcessStart(const TvoProgram* program, std::uint32_t* handle, std::uint3
     *handle = HandleTable::Instance().Add(process);
     if (*handle == XoInvalidHandle)
     {
-        process->Send(SIGKILL);
+        process->Send(TvoProcessSignal::Kill);
         End(process->Pid());
         return XoNoResources;
     }
@@ -215,8 +282,13 @@ int TvoProcessStart(const TvoProgram* program, std::uint32_t* handle, std::uint3
 int TvoProcessSend(std::uint32_t handle, TvoProcessSignal signal)
 {
     const auto process = HandleTable::Instance().Find<Process>(handle);
-    return process != nullptr ? process->Send(signal == TvoProcessSignal::Kill ? SIGKILL : SIGTERM)
-                              : XoObjectGone;
+    return process != nullptr ? process->Send(signal) : XoObjectGone;
+}
+
+int TvoProcessServes(std::uint32_t handle, const char* server)
+{
+    const auto process = HandleTable::Instance().Find<Process>(handle);
+    return process != nullptr ? process->Serves(server) : XoObjectGone;
 }
 
 int TvoProcessGetEnd(std::uint32_t handle, TvoProcessEnd* end)

@@ -30,7 +30,11 @@ public:
         return m_pid;
     }
 
-    int Send(int signal);
+    int Send(TvoProcessSignal signal);
+
+    /// Whether a process of the group has published something under the server's name.
+    int Serves(const char* server);
+
     int GetEnd(TvoProcessEnd& end);
 
     int WaitDescriptor() const override

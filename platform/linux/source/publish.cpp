@@ -1,10 +1,6 @@
 #include <algorithm>
 #include <mutex>
-#include <set>
 #include <string>
-
-#include <dirent.h>
-#include <fcntl.h>
 
 #include <shared/ipc_utils/publish.h>
 #include <xo/sleep.h>
@@ -56,28 +52,6 @@ const BoundName* TakeEntityName()
     FixComponentTree();
     name.emplace(std::move(*taken));
     return &*name;
-}
-
-std::set<std::string> ListLockFiles(int folder)
-{
-    std::set<std::string> names;
-    const int copy = ::openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    DIR* directory = copy >= 0 ? ::fdopendir(copy) : nullptr;
-    if (directory == nullptr)
-    {
-        Descriptor unused(copy);
-        return names;
-    }
-    while (const dirent* entry = ::readdir(directory))
-    {
-        const std::string_view file = entry->d_name;
-        if (file.ends_with(LockSuffix))
-        {
-            names.emplace(file.substr(0, file.size() - LockSuffix.size()));
-        }
-    }
-    ::closedir(directory);
-    return names;
 }
 
 NameBuffer ToBuffer(const std::string& name)

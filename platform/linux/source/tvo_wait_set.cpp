@@ -2,13 +2,14 @@
 
 #include <tvo/wait_set.h>
 
+#include "awaited_signals.h"
 #include "connection_requests.h"
 #include "endpoint.h"
 #include "handle_table.h"
 #include "notice_object.h"
 #include "pause.h"
 #include "process.h"
-#include "termination_signals.h"
+#include "server_changes.h"
 #include "wait_set.h"
 
 struct STvoWaitSet
@@ -17,6 +18,15 @@ struct STvoWaitSet
 };
 
 using namespace platform;
+
+namespace {
+
+std::shared_ptr<Waitable> Awaited(std::initializer_list<int> signals)
+{
+    return std::make_shared<AwaitedSignals>(signals);
+}
+
+}  // namespace
 
 int TvoWaitSetCreate(STvoWaitSet** set)
 {
@@ -51,7 +61,18 @@ int TvoWaitSetAddConnectionRequests(STvoWaitSet* set, std::uint64_t key)
 
 int TvoWaitSetAddTermination(STvoWaitSet* set, std::uint64_t key)
 {
-    return set->set->Add(std::make_shared<TerminationSignals>(), key);
+    return set->set->Add(Awaited({SIGTERM, SIGINT}), key);
+}
+
+int TvoWaitSetAddReload(STvoWaitSet* set, std::uint64_t key)
+{
+    return set->set->Add(Awaited({SIGHUP}), key);
+}
+
+int TvoWaitSetAddServerChanges(STvoWaitSet* set, std::uint64_t key)
+{
+    auto changes = ServerChanges::Make();
+    return changes != nullptr ? set->set->Add(std::move(changes), key) : XoNoResources;
 }
 
 int TvoWaitSetRemove(STvoWaitSet* set, std::uint64_t key)

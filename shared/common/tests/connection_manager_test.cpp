@@ -10,19 +10,6 @@
 #include <tvo/task.h>
 #include <xo/connection.h>
 
-namespace tvo::ipc {
-
-/// Adds a waiter as a user of the groups would.
-struct ConnectionManagerPeer
-{
-    static void AddWaiter(ConnectionManager& manager, std::weak_ptr<plk::Semaphore> waiter)
-    {
-        manager.m_groups.begin()->second.waiters.push_back(std::move(waiter));
-    }
-};
-
-}  // namespace tvo::ipc
-
 namespace {
 
 using platform::testing::Call;
@@ -33,7 +20,6 @@ using testing::FieldsAre;
 using testing::HasSubstr;
 using testing::StartsWith;
 using tvo::ipc::ConnectionManager;
-using tvo::ipc::ConnectionManagerPeer;
 
 constexpr char Entity[] = "vx.tests.Manager";
 
@@ -83,15 +69,6 @@ protected:
     std::vector<std::string> lines;  ///< of a manager's thread; to be read when it has stopped
 };
 
-TEST_F(ConnectionManagerTest, RefusesAnInvalidInterfaceNumber)
-{
-    config.plan["broken"] = {65535, 0};
-    EXPECT_THAT([&] { ConnectionManager{config}; },
-                testing::ThrowsMessage<std::runtime_error>(
-                    "tvo::ipc::ConnectionManager: INVALID_RIID in user plan"));
-    EXPECT_EQ(platform.Count(Call::CmListen), 0U);
-}
-
 TEST_F(ConnectionManagerTest, StartsAndStopsByItsState)
 {
     config.autoStart = false;
@@ -125,16 +102,10 @@ TEST_F(ConnectionManagerTest, AcceptsOnTheGroupsEndpointAndLeavesItOpen)
     EXPECT_EQ(platform.Count(Call::HandleClose), 0U);
 }
 
-TEST_F(ConnectionManagerTest, MakesTheEndpointOfAGroupOnceAndWakesItsWaiters)
+TEST_F(ConnectionManagerTest, MakesTheEndpointOfAGroupOnce)
 {
-    config.autoStart = false;
     ConnectionManager manager(config);
-    const auto semaphore = std::make_shared<plk::Semaphore>();
-    ConnectionManagerPeer::AddWaiter(manager, semaphore);
-    ConnectionManagerPeer::AddWaiter(manager, std::make_shared<plk::Semaphore>());
-    manager.Start();
     EXPECT_EQ(Verdict("grouped"), 0);
-    semaphore->Wait();
     EXPECT_EQ(Verdict("grouped"), 0);
     std::vector<unsigned int> handles;
     manager.Stop(&handles);
@@ -144,45 +115,10 @@ TEST_F(ConnectionManagerTest, MakesTheEndpointOfAGroupOnceAndWakesItsWaiters)
     EXPECT_THAT(accepts[1].arguments, EndsWith("\"grouped\", 7, " + std::to_string(handles[0])));
 }
 
-TEST_F(ConnectionManagerTest, StopClosesWhatItMadeAndWakesWhoStillWaits)
+TEST_F(ConnectionManagerTest, StopClosesWhatItMade)
 {
     EXPECT_EQ(VerdictFor("single"), 0);
     EXPECT_EQ(platform.Count(Call::HandleClose), 1U);
-    ConnectionManager manager(config);
-    const auto semaphore = std::make_shared<plk::Semaphore>();
-    ConnectionManagerPeer::AddWaiter(manager, semaphore);
-    manager.Stop(nullptr);
-    semaphore->Wait();
-}
-
-TEST_F(ConnectionManagerTest, ReplacedEndpointIsHeldOnlyWhenOwned)
-{
-    config.onConnect = [this](auto, auto, auto, auto, unsigned int& handle)
-    {
-        handle = endpoint;
-        return true;
-    };
-    for (const bool owned : {false, true})
-    {
-        config.ownHandles = owned;
-        std::vector<unsigned int> handles;
-        EXPECT_EQ(VerdictFor("grouped", &handles), 0);
-        EXPECT_EQ(handles.size(), owned ? 1U : 0U);
-    }
-}
-
-TEST_F(ConnectionManagerTest, EndpointThatWasNotAskedForIsClosed)
-{
-    config.groupHandles = {{3, endpoint}};
-    platform.Override<decltype(XoCmAccept)>(
-        Call::CmAccept,
-        [](auto client, auto service, auto, auto, std::uint32_t* handle)
-        {
-            *handle = 41;
-            return XoCmDrop(client, service);
-        });
-    VerdictFor("grouped");
-    EXPECT_EQ(platform.Journal(Call::HandleClose).at(0).arguments, "41");
 }
 
 TEST_F(ConnectionManagerTest, RefusalThrowAndFailedAcceptDropTheClient)

@@ -84,13 +84,6 @@ protected:
         std::make_unique<Dispatcher>(Riid, endpoint, ReceiveLimit, component);
 };
 
-TEST_F(DispatcherTest, RefusesWhatItCannotServe)
-{
-    EXPECT_THROW(Dispatcher(65535, endpoint, 1, component), zin::CheckFailedException);
-    EXPECT_THROW(Dispatcher(Riid, XoInvalidHandle, 1, component), zin::CheckFailedException);
-    EXPECT_THROW(Dispatcher(Riid, endpoint, 1, nullptr), zin::CheckFailedException);
-}
-
 TEST_F(DispatcherTest, StartsAndStopsByItsState)
 {
     EXPECT_EQ(dispatcher->Stop(), plk::codes::AlreadyDone);
@@ -102,28 +95,6 @@ TEST_F(DispatcherTest, StartsAndStopsByItsState)
         EXPECT_EQ(dispatcher->Stop(), 0);
         EXPECT_EQ(dispatcher->Stop(), plk::codes::AlreadyDone);
     }
-}
-
-TEST_F(DispatcherTest, StatesItsRoomAndLimitsAtEveryReceive)
-{
-    std::vector<std::uint32_t> sizes;
-    platform.Override<platform::testing::TransportReceive>(
-        Call::TransportReceive,
-        [&](WzTvoTransport* transport, wz_message* request, wz_arena* arena)
-        {
-            EXPECT_EQ(transport->receiveTimeout, ReceiveLimit);
-            EXPECT_EQ(transport->callTimeout, WzInfinite);
-            EXPECT_EQ(arena->current, arena->start);
-            sizes.push_back(request->size);
-            arena->current += 3;
-            request->size = WzMessageFailedBit | (3U << WzMessageHandleCountShift) | 24U;
-            return WzTimedOut;
-        });
-    dispatcher->Start();
-    ASSERT_TRUE(platform.WaitUntilCalled(Call::TransportReceive, 3));
-    dispatcher->Stop();
-    EXPECT_EQ(sizes[0], sizeof(Message));
-    EXPECT_EQ(sizes[1], (3U << WzMessageHandleCountShift) | sizeof(Message));
 }
 
 TEST_F(DispatcherTest, FailedReceiveAndFailedReplyDoNotEndTheLoop)
@@ -140,17 +111,6 @@ TEST_F(DispatcherTest, FailedReceiveAndFailedReplyDoNotEndTheLoop)
     EXPECT_TRUE(log.Contains(LogLevel::Debug, EndLine(WzTimedOut))) << "stopped by its end";
     ServiceLocatorUnregister(registration);
     EXPECT_EQ(unanswered.get(), 0U);
-}
-
-TEST_F(DispatcherTest, EndAfterAFailedReceiveIsAnError)
-{
-    platform.Fail(Call::TransportReceive, XoBroken);
-    dispatcher->Start();
-    ASSERT_TRUE(platform.WaitUntilCalled(Call::TransportReceive));
-    dispatcher->Stop();
-    ASSERT_EQ(log.Lines().size(), 1U);
-    EXPECT_TRUE(log.Contains(LogLevel::Error, EndLine(XoBroken)));
-    EXPECT_EQ(log.Lines()[0].function, "DispatcherLoop");
 }
 
 TEST_F(DispatcherTest, FailedDispatchIsAnsweredAndEndsTheLoop)

@@ -100,15 +100,6 @@ TEST_F(ProxyTest, CallsAndClosesItsConnectionAtItsEnd)
     EXPECT_EQ(platform.Count(Call::HandleClose), 2U);
 }
 
-TEST_F(ProxyTest, FailuresOfACallNameTheMethod)
-{
-    Serve(5, XoBroken);
-    EXPECT_EQ(Failure().first, "vx_test_Doubler_Double transport error");
-    Serve(5, 0, WzMessageFailedBit | sizeof(Message));
-    EXPECT_EQ(Failure().first, "vx_test_Doubler_Double server error");
-    EXPECT_EQ(platform.Count(Call::HandleClose), 2U);
-}
-
 TEST_F(ProxyTest, FailedConnectIsPrintedAndThrown)
 {
     const char* const thrown = "tvoipc::MakeProxy(): error connecting to endpoint.";
@@ -123,52 +114,6 @@ TEST_F(ProxyTest, FailedConnectIsPrintedAndThrown)
     EndpointHandle endpoint;
     EXPECT_EQ(builder.Connect(endpoint, provider), static_cast<int>(0x90000002U));
     EXPECT_EQ(platform.Count(Call::HandleClose), 2U);
-}
-
-TEST_F(ProxyTest, ConnectClosesOnlyWhatTheEndpointOwnedBefore)
-{
-    Serve(5, 0);
-    EndpointHandle owner(17, EndpointHandle::Ownership::Owned, 1);
-    EndpointHandle borrower(18, EndpointHandle::Ownership::Borrowed, 1);
-    EXPECT_EQ(builder.Connect(owner, provider), 0);
-    EXPECT_EQ(builder.Connect(borrower, provider), 0);
-    EXPECT_EQ(platform.Journal(Call::HandleClose).at(0).arguments, "17");
-    EXPECT_EQ(platform.Count(Call::HandleClose), 1U);
-}
-
-TEST(PrintfLogMessage, FormatsOnceAndCutsToTheBuffer)
-{
-    int value = 5;
-    PrintfLogMessage<const char*, int&> message("%s=%d", "a", value);
-    value = 1234;
-    EXPECT_EQ(message.FormattedSize(), 6U);
-    const char* text = message.Text();
-    EXPECT_STREQ(text, "a=1234");
-    EXPECT_EQ(message.Text(), text);
-    char buffer[] = "????";
-    message.Text(buffer, 0);
-    message.Text(nullptr, 4);
-    EXPECT_STREQ(buffer, "????");
-    message.Text(buffer, 4);
-    EXPECT_STREQ(buffer, "a=1");
-    // Under the C locale a wide character outside ASCII has no multibyte form.
-    PrintfLogMessage<wchar_t> broken("%lc", L'\x20AC');
-    broken.Text(buffer, 4);
-    EXPECT_STREQ(buffer, "fai");
-    EXPECT_STREQ(broken.Text(), "");
-}
-
-TEST(ProxyServices, DefaultsTranslateExceptions)
-{
-    ResourceProvider provider{ApplicationSettings{}};
-    int code = 0;
-    std::string text = "text";
-    provider.RetcodeConverter().CatchException(code);
-    EXPECT_EQ(code, static_cast<int>(0x9000000DU));
-    EXPECT_THAT([&] { provider.StringConverter().ThrowException("text"); },
-                testing::ThrowsMessage<std::runtime_error>("text"));
-    provider.StringConverter().CatchException(text);
-    EXPECT_EQ(text, "");
 }
 
 TEST(Sequence, PacksUpToItsLimitAndRefusesTheRest)

@@ -405,8 +405,11 @@ TEST_F(ServiceLoopTest, ChildrensEndsAreTold)
         child.reset();
         loop->Stop();
     };
-    const char* const script = "test $HOME = elsewhere && test -n \"$PATH\" && exit $NEW";
-    child = loop->StartChild({"/bin/sh", {"sh", "-c", script}, {"HOME=elsewhere", "NEW=9"}}, ended);
+    const char* const script =
+        "test $HOME = elsewhere && test -n \"$PATH\" && test -z \"$GONE\" && exit $NEW";
+    ::setenv("GONE", "no", 1);
+    child = loop->StartChild({"/bin/sh", {"sh", "-c", script}, {"HOME=elsewhere", "NEW=9", "GONE"}},
+                             ended);
     loop->Run();
     EXPECT_THAT(end, ElementsAre(1, 9));
     child = loop->StartChild({"/bin/sleep", {"sleep", "100"}, {}}, ended);
@@ -428,6 +431,17 @@ TEST_F(ServiceLoopTest, ChildrensEndsAreTold)
     child = loop->StartChild({"/bin/sleep", {"sleep", "100"}, {}}, ended);
     loop.reset();
     child->Kill();
+}
+
+TEST_F(ServiceLoopTest, WishesToReloadAndNewNamesAreTold)
+{
+    int told = 0;
+    loop->OnReload([&] { ++told; });
+    EXPECT_TRUE(loop->OnServersChange([&] { loop->Stop(); }));
+    ::kill(::getpid(), SIGHUP);
+    EXPECT_TRUE(::shared::ipc_utils::TryPublishService(Entity, "changes"));
+    EXPECT_EQ(loop->Run(), XoOk);
+    EXPECT_EQ(told, 1);
 }
 
 TEST_F(ServiceLoopTest, StopsInOrder)

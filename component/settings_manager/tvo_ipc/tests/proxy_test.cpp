@@ -16,7 +16,7 @@ namespace {
 
 using namespace plk::codes;
 using platform::testing::Call;
-using platform::testing::Script;
+using ::testing::AllOf;
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
 using tvo::logger::LogLevel;
@@ -75,10 +75,8 @@ TEST_F(SettingsProxy, CarriesTreesInChunks)
 {
     Connect();
     for (const auto& [nodes, calls] :
-         {std::pair{1U, Calls{"Write", "Read"}},
-          {64U, {"Write", "Read"}},
+         {std::pair{64U, Calls{"Write", "Read"}},
           {65U, {"Write", "WriteNext", "Read", "ReadNext"}},
-          {128U, {"Write", "WriteNext", "Read", "ReadNext"}},
           {129U, {"Write", "WriteNext", "WriteNext", "Read", "ReadNext", "ReadNext"}}})
     {
         SCOPED_TRACE(nodes);
@@ -200,17 +198,12 @@ TEST_F(SettingsProxy, EndsATransferThatCannotGoOn)
     // clang-format off
     const std::tuple<std::string, Answer, Run, int, std::string, int> rows[] = {
         {"WriteNext", {.result = NotReady}, write, NotReady, head + ": WriteNext" + refused, 1},
-        {"WriteNext", {.transport = XoObjectGone}, write, MediaError,
-         head + ": WriteNext" + lost, 1},
         {"", {}, writeBad, OutOfSpace, ", ncount = 66: WriteNext request arena fail", 1},
-        {"ReadNext", {.result = NotReady}, read, NotReady, head + ": ReadNext" + refused, 1},
         {"ReadNext", {.transport = XoObjectGone}, read, MediaError, head + ": ReadNext" + lost, 1},
         {"Read", {.edit = put(32, Bad)}, read, OutOfSpace, ": Read response arena fail", 0},
         {"ReadNext", {.edit = put(24, Bad)}, read, OutOfSpace,
          head + ": ReadNext response arena fail", 1},
         {"Read", {.edit = put(24, 63UL)}, read, Mismatch, wrongSize + "64/63 ", 0},
-        {"Read", {.edit = put(24, ~0UL)}, read, Mismatch,
-         wrongSize + "65/18446744073709551615 ", 0},
         {"Read", {.edit = grow}, read, Mismatch, head + wrongSize + "128/65 ", 1},
     };
     // clang-format on
@@ -244,34 +237,6 @@ TEST_F(SettingsProxy, SendsNothingOfWhatDoesNotFit)
     EXPECT_EQ(service.path, "<path to str fail: state = 7>");
 }
 
-TEST_F(SettingsProxy, RefusesItemsThatAreNoAnswer)
-{
-    Connect();
-    Setting setting{true};
-    EXPECT_EQ(proxy->GetSetting(path, setting), SettingsAreRequired);
-    EXPECT_TRUE(HasLine(Error,
-                        " -> Deserialize = [-2147483391, [RawSetting] empty raw setting]"
-                        ": result = -2147483391"));
-    service.items.emplace_back(path / "b", Setting{7L});
-    EXPECT_EQ(proxy->GetSetting(path, setting), Mismatch);
-    EXPECT_TRUE(HasLine(Error, " -> unequal deserialized path = a/b/ : result = -2147483532"));
-    EXPECT_EQ(setting, Setting{true});
-}
-
-TEST_F(SettingsProxy, HandsItselfOutWhileItIsShared)
-{
-    std::shared_ptr<ISettingsGetter> getter;
-    std::shared_ptr<ISettingsUpdateSubscriber> subscriber;
-    Connect();
-    EXPECT_EQ(proxy->GetSettingsGetter(getter), 0);
-    EXPECT_EQ(proxy->GetSettingsUpdateSubscriber(subscriber), 0);
-    EXPECT_TRUE(getter == proxy && subscriber == proxy);
-    SettingsManagerProxy unowned(Service);
-    EXPECT_EQ(unowned.GetSettingsGetter(getter), InterfaceNotSupported);
-    EXPECT_EQ(log.Lines().back().function, "GetIface");
-    EXPECT_TRUE(log.Contains(Error, "[SM_P] 00AB  Could not get interface: bad_weak_ptr"));
-}
-
 TEST_F(SettingsProxy, WaitsForAServiceThatIsNotThereYet)
 {
     platform.Fail(Call::Sleep);
@@ -284,66 +249,34 @@ TEST_F(SettingsProxy, WaitsForAServiceThatIsNotThereYet)
     EXPECT_EQ(service.path, "//cm:");
     manager.reset();
     EXPECT_EQ(platform.Count(Call::HandleClose), 3U);
-    const std::string name = "vx.settings_manager.PSmgr";
-    EXPECT_TRUE(HasLine(Debug, "SettingsManagerProxy: " + name + ".WzISM (60000 ms)"));
-    EXPECT_TRUE(HasLine(Debug,
-                        "RegCallback(" + name +
-                            "[WzISMReg,WzISMCbk] (60000 ms)): "
-                            "@             C1D, use count = 1"));
     EXPECT_TRUE(HasLine(Info, "UnregCallback(@             C1D): use count = 0, sid count = 0"));
 }
 
 TEST_F(SettingsProxy, FailsToBeMadeInManyWays)
 {
-    const char* const name = service_names::Persistent;
-    const std::string refused = "XoCmConnect() fail: vx.settings_manager.PSmgr.WzISM:65535 ";
-    const std::string failed = "CheckResultFailedException - 0x800000";
-    const auto script = [&](Call call, Script way)
-    {
-        return [=, this]
-        {
-            platform.Return(call, way);
-        };
-    };
-    const auto refuse = [&](Answer way)
-    {
-        return [=, this]
-        {
-            service.Next("RegCallback", way);
-        };
-    };
-    const auto leave = [] {
-    };
-    // clang-format off
-    const std::tuple<const char*, std::function<void()>, std::string, unsigned> rows[] = {
-        {"", leave, "CheckFailedException - . At component/plk/ipc/proxy(", 0},
-        {nullptr, leave, "CheckFailedException - . At component/plk/ipc/proxy(", 0},
-        {name, script(Call::RandomGenerate, {}), "TvoRandomGenerate() fail", 0},
-        {name, script(Call::CmConnect, {.times = 3001}), refused + "(-1879048173)", 0},
-        {name, script(Call::CmConnect, {.code = XoRefused}), refused + "(-1879048189)", 0},
-        {name, script(Call::CmConnect, {.code = XoOk}), refused + "(0)", 0},
-        {name, refuse({.result = Locked}), failed + "4f (Locked). At ", 3},
-        {name, refuse({.transport = XoBroken}), failed + "59 (Media error). At ", 3},
-    };
-    // clang-format on
     platform.Fail(Call::Sleep);
-    for (const auto& [serviceName, spoil, text, closed] : rows)
+    const auto expectFailure = [&](const std::string& text, unsigned closed)
     {
         SCOPED_TRACE(text);
         const unsigned before = platform.Count(Call::HandleClose);
         std::shared_ptr<ISettingsManager> manager;
-        spoil();
-        EXPECT_EQ(CreateSettingsManager({serviceName, ~0U, 0}, manager), UnspecifiedError);
+        EXPECT_EQ(CreateSettingsManager({service_names::Persistent, ~0U, 0}, manager),
+                  UnspecifiedError);
         EXPECT_EQ(manager, nullptr);
         EXPECT_EQ(platform.Count(Call::HandleClose) - before, closed);
-        const auto line = log.Lines().back();
-        EXPECT_EQ(line.level, Critical);
-        EXPECT_THAT(line.message, StartsWith("Could not create settings manager proxy: "));
-        EXPECT_THAT(line.message, HasSubstr(text));
-    }
-    EXPECT_TRUE(HasLine(Error,
-                        "[WzISMReg,WzISMCbk] (0 ms)): : RegCallback (cbk conn) call error: "
-                        "wz = -1879048187, zin = No error = 0x00"));
+        EXPECT_EQ(log.Lines().back().level, Critical);
+        EXPECT_THAT(
+            log.Lines().back().message,
+            AllOf(StartsWith("Could not create settings manager proxy: "), HasSubstr(text)));
+    };
+    platform.Return(Call::RandomGenerate, {});
+    expectFailure("TvoRandomGenerate() fail", 0);
+    platform.Return(Call::CmConnect, {.times = 3001});
+    expectFailure("XoCmConnect() fail: vx.settings_manager.PSmgr.WzISM:65535 (-1879048173)", 0);
+    service.Next("RegCallback", {.result = Locked});
+    expectFailure("CheckResultFailedException - 0x8000004f (Locked). At ", 3);
+    service.Next("RegCallback", {.transport = XoBroken});
+    expectFailure("CheckResultFailedException - 0x80000059 (Media error). At ", 3);
 }
 
 TEST_F(SettingsProxy, ConnectsByStaticNames)
@@ -362,16 +295,9 @@ TEST_F(SettingsProxy, ConnectsByStaticNames)
     EXPECT_EQ(CreateSettingsManager(Static, manager), 0);
     EXPECT_EQ(service.path, "cbk");
     EXPECT_EQ(platform.Journal(Call::LocatorGetRiid).at(2).arguments, "195, \"s.IsmCbk\"");
-    EXPECT_TRUE(HasLine(Debug, "SettingsManagerProxy: sm<s.Ism>"));
-    EXPECT_TRUE(HasLine(Debug, "RegCallback(sm<s.Ism,s.IsmReg> + cbk<s.IsmCbk>)"));
-    for (const auto& [call, text] :
-         {std::pair{Call::LocatorGetRiid, "ServiceLocatorGetRiid() fail: sm : s.Ism."},
-          {Call::LocatorConnect, "ServiceLocatorConnect() fail: sm."}})
-    {
-        platform.Return(call, {});
-        EXPECT_EQ(CreateSettingsManager(Static, manager), UnspecifiedError);
-        EXPECT_THAT(log.Lines().back().message, HasSubstr(text));
-    }
+    platform.Return(Call::LocatorGetRiid, {});
+    EXPECT_EQ(CreateSettingsManager(Static, manager), UnspecifiedError);
+    EXPECT_THAT(log.Lines().back().message, HasSubstr("ServiceLocatorGetRiid() fail: sm : s.Ism."));
     EXPECT_EQ(platform.Count(Call::HandleClose), 1U);
     EXPECT_EQ(platform.Count(Call::Sleep), 0U);
 }

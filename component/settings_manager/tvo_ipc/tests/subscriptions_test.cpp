@@ -323,19 +323,6 @@ TEST_F(Subscriptions, FailuresOfTheServiceDoNotEndTheThread)
     EXPECT_EQ(proxy->Unsubscribe(11), plk::codes::NotFound) << "it has ended all the same";
 }
 
-TEST_F(Subscriptions, RepeatedSidLeavesTheFirstObserverInPlace)
-{
-    const auto second = std::make_shared<Seen>();
-    service.sids["b/"] = 11;
-    ASSERT_EQ(Subscribe("a", seen), 0);
-    EXPECT_EQ(Subscribe("b", second), static_cast<int>(0x80000074U));
-    EXPECT_EQ(CountLines("Subscribe(b/): $11 -> duplicate sid: result = -2147483532"), 1);
-    EXPECT_EQ(second->endedOn, std::this_thread::get_id());
-    service.Push({11});
-    EXPECT_TRUE(Happens(seen->ran));
-    EXPECT_TRUE(second->updates.empty());
-}
-
 TEST_F(Subscriptions, ProxiesOfOneServiceShareAThread)
 {
     auto other = std::make_shared<SettingsManagerProxy>(Service);

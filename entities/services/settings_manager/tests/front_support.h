@@ -73,6 +73,8 @@ public:
     MOCK_METHOD(tvo::service::TimerToken, Every, (Delay, Callback), (override));
     MOCK_METHOD(Child, StartChild, (const Program&, Ended), (override));
     MOCK_METHOD(void, OnTermination, (Callback), (override));
+    MOCK_METHOD(void, OnReload, (Callback), (override));
+    MOCK_METHOD(bool, OnServersChange, (Callback), (override));
     MOCK_METHOD(int, Run, (), (override));
     MOCK_METHOD(void, Stop, (), (override));
 

@@ -22,7 +22,7 @@ std::string_view NameOf(std::string_view variable)
     return variable.substr(0, variable.find('='));
 }
 
-/// This process's environment with the variables added or in place of those of the same name.
+/// This process's environment with the variables added, or in place of those of the same name.
 std::vector<const char*> Environment(const std::vector<std::string>& variables)
 {
     std::vector<const char*> all;
@@ -39,7 +39,10 @@ std::vector<const char*> Environment(const std::vector<std::string>& variables)
     }
     for (const std::string& variable : variables)
     {
-        all.push_back(variable.c_str());
+        if (variable.find('=') != std::string::npos)
+        {
+            all.push_back(variable.c_str());
+        }
     }
     all.push_back(nullptr);
     return all;
@@ -54,7 +57,8 @@ std::uint32_t Start(const ChildProgram& program, std::uint32_t& pid)
     }
     arguments.push_back(nullptr);
     const std::vector<const char*> variables = Environment(program.variables);
-    const TvoProgram started{program.path.c_str(), arguments.data(), variables.data()};
+    const TvoProgram started{
+        program.path.c_str(), arguments.data(), variables.data(), program.output};
     std::uint32_t handle = XoInvalidHandle;
     const int result = TvoProcessStart(&started, &handle, &pid);
     ZIN_CHECK_RESULT(result, "Cannot run " << program.path);
@@ -107,6 +111,16 @@ void Child::Terminate()
 void Child::Kill()
 {
     TvoProcessSend(m_watch->Handle(), TvoProcessSignal::Kill);
+}
+
+void Child::Abort()
+{
+    TvoProcessSend(m_watch->Handle(), TvoProcessSignal::Abort);
+}
+
+bool Child::Serves(const std::string& server) const
+{
+    return TvoProcessServes(m_watch->Handle(), server.c_str()) == XoOk;
 }
 
 }  // namespace tvo::service

@@ -59,6 +59,8 @@ public:
     std::uint32_t Pid() const override;
     void Terminate() override;
     void Kill() override;
+    void Abort() override;
+    bool Serves(const std::string& server) const override;
 
 private:
     const std::shared_ptr<ChildWatch> m_watch;

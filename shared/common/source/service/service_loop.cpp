@@ -9,6 +9,7 @@
 #include "child_watch.h"
 #include "guarded.h"
 #include "request_source.h"
+#include "signal_source.h"
 
 namespace tvo::service {
 namespace {
@@ -112,6 +113,24 @@ void ServiceLoop::OnTurnEnd(Callback callback)
 void ServiceLoop::OnTermination(Callback callback)
 {
     m_termination = std::move(callback);
+}
+
+void ServiceLoop::OnReload(Callback callback)
+{
+    const auto source = std::make_shared<SignalSource>("the reload", std::move(callback));
+    ZIN_CHECK_RESULT(TvoWaitSetAddReload(m_waitSet.get(), Add(source)), "Cannot wait for SIGHUP");
+}
+
+bool ServiceLoop::OnServersChange(Callback callback)
+{
+    const auto source = std::make_shared<SignalSource>("a server's change", std::move(callback));
+    const std::uint64_t key = Add(source);
+    const bool watched = TvoWaitSetAddServerChanges(m_waitSet.get(), key) == XoOk;
+    if (!watched)
+    {
+        m_sources.erase(key);
+    }
+    return watched;
 }
 
 int ServiceLoop::Run()

@@ -30,6 +30,8 @@ public:
                                        std::function<void(const ChildEnd& end)> ended) override;
     void OnTurnEnd(Callback callback) override;
     void OnTermination(Callback callback) override;
+    void OnReload(Callback callback) override;
+    bool OnServersChange(Callback callback) override;
     int Run() override;
     void Stop() override;
 

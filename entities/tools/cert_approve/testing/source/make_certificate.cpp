@@ -6,7 +6,6 @@
 #include <openssl/evp.h>
 #include <openssl/pem.h>
 #include <openssl/sha.h>
-#include <openssl/x509v3.h>
 
 #include <tools/cert_approve/testing/make_certificate.h>
 
@@ -42,22 +41,6 @@ void SetDates(X509* x509, const CertificateSpec& spec)
     Require(ASN1_TIME_set_string_X509(X509_getm_notBefore(x509), spec.notBefore.c_str()) == 1 &&
                 ASN1_TIME_set_string_X509(X509_getm_notAfter(x509), spec.notAfter.c_str()) == 1,
             "dates");
-}
-
-void AddAlternativeNames(X509* x509, int count)
-{
-    std::string names;
-    for (int i = 0; i < count; ++i)
-    {
-        names += (i == 0 ? "DNS:host" : ",DNS:host") + std::to_string(i) + ".test";
-    }
-    if (!names.empty())
-    {
-        X509_EXTENSION* const extension =
-            X509V3_EXT_conf_nid(nullptr, nullptr, NID_subject_alt_name, names.c_str());
-        Require(extension != nullptr && X509_add_ext(x509, extension, -1) == 1, "extension");
-        X509_EXTENSION_free(extension);
-    }
 }
 
 template <class Write>
@@ -113,7 +96,6 @@ MadeCertificate MakeCertificate(const CertificateSpec& spec)
     SetName(X509_get_subject_name(x509), spec.subject);
     SetName(X509_get_issuer_name(x509), spec.issuer.value_or(spec.subject));
     SetDates(x509, spec);
-    AddAlternativeNames(x509, spec.alternativeNames);
     Require(X509_set_pubkey(x509, made.key.get()) == 1, "key");
     Require(X509_sign(x509, made.key.get(), EVP_sha256()) > 0, "signature");
     return made;

@@ -92,8 +92,6 @@ public:
     bool Stop(std::vector<unsigned int>* handles);
 
 private:
-    friend struct ConnectionManagerPeer;
-
     using Waiters = std::vector<std::weak_ptr<plk::Semaphore>>;
 
     struct Group

@@ -69,7 +69,12 @@ struct ChildProgram
 {
     std::string path;                    ///< no search along PATH
     std::vector<std::string> arguments;  ///< the first one is its name
-    std::vector<std::string> variables;  ///< "NAME=value", added to or replacing this process's
+
+    /// "NAME=value", added to or replacing this process's; "NAME" alone takes that one away.
+    std::vector<std::string> variables;
+
+    /// Descriptor for standard output and error, only used during the call; -1: this process's.
+    int output = -1;
 };
 
 /// How a child has ended.
@@ -91,6 +96,13 @@ public:
     /// the child has ended already.
     virtual void Terminate() = 0;
     virtual void Kill() = 0;
+
+    /// Makes the group leave its core (SIGABRT), also when it was stopped. May be handled.
+    virtual void Abort() = 0;
+
+    /// @param server  a name that the child, or one of its group, is to take
+    /// @returns true once something is published under it
+    virtual bool Serves(const std::string& server) const = 0;
 };
 
 /// One thread on which a whole service runs: it serves interfaces, lets clients in, answers later
@@ -134,7 +146,8 @@ public:
                                            Callback callback) = 0;
 
     /// Starts a child in a process group of its own, with signals, mask and descriptor limit as
-    /// this process found them. It ends with this process.
+    /// this process found them, and the standard descriptors only. It ends with this process, and
+    /// its group ends with it.
     /// @param ended  comes once, unless the result is destroyed before
     /// @throws zin::Exception  when the program cannot be run
     [[nodiscard]] virtual std::unique_ptr<IChild> StartChild(
@@ -146,6 +159,16 @@ public:
 
     /// Sets what SIGTERM and SIGINT do; without it they stop the loop.
     virtual void OnTermination(Callback callback) = 0;
+
+    /// Sets what SIGHUP does from now on; before that it does what it does to any process. To be
+    /// called before other threads are started.
+    /// @throws zin::Exception  when the platform has no resources left
+    virtual void OnReload(Callback callback) = 0;
+
+    /// Sets what is called back soon after any server of the terminal has taken its name or
+    /// published a service.
+    /// @returns false when the platform can not tell; then `IChild::Serves` has to be asked again
+    [[nodiscard]] virtual bool OnServersChange(Callback callback) = 0;
 
     /// Serves until `Stop`. What is parked then stays so until the loop is destroyed, which ends
     /// all connections.

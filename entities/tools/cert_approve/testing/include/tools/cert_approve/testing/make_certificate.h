@@ -21,7 +21,6 @@ struct CertificateSpec
     std::optional<Name> issuer = std::nullopt;  ///< the subject, when it is not told
     std::string notBefore = "20240101000000Z";  ///< YYYYMMDDHHMMSSZ
     std::string notAfter = "20340101000000Z";
-    int alternativeNames = 0;
 };
 
 /// A certificate with its key, by which it is signed whatever the issuer says.
