@@ -1,0 +1,230 @@
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <csignal>
+#include <map>
+
+#include <poll.h>
+#include <sys/prctl.h>
+#include <sys/socket.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <component/app_manager/testing/fake_app_manager.h>
+#include <component/app_manager/tvo_ipc/application_commands.h>
+#include <component/app_manager/tvo_ipc/application_controller.h>
+#include <component/app_manager/tvo_ipc/command_values.h>
+#include <component/app_manager/tvo_ipc/limits.h>
+#include <component/app_manager/tvo_ipc/service_names.h>
+#include <shared/common/tvo/service/i_service_loop.h>
+#include <tvo/task.h>
+#include <xo/notice.h>
+
+namespace app_manager::testing {
+
+namespace {
+
+using tvo::service::Outcome;
+using tvo::service::ServiceCall;
+
+/// The child's word that an order is done; everything else that it says is a call.
+constexpr char Done[] = "\n";
+
+/// The child. It looks for orders every other millisecond, so that one thread does it all.
+class Manager final
+{
+public:
+    Manager(int socket, const std::string& refused) : m_socket(socket)
+    {
+        const TvoComponentTree tree{"vx.vdi.AppManager", nullptr, 0, nullptr, 0};
+        ZIN_CHECK_RESULT(TvoTaskSetComponentTree(TvoTaskGetSelf(), &tree), "");
+        using namespace service_names;
+        for (const auto& [name, riid] : {std::pair{std::string(Controller), ControllerRiid},
+                                         {Commands, CommandsRiid},
+                                         {Watchdog, WatchdogRiid}})
+        {
+            m_loop->Serve({.name = name,
+                           .interfaceName = Type,
+                           .riid = riid,
+                           .largestRequest = 48,
+                           .largestResponse = 40,
+                           .requestArena = limits::ErrorArena},
+                          {.serve = [this](const ServiceCall& call) { return Handle(call); },
+                           .admit =
+                               [isRefused = name == refused](auto...)
+                           {
+                               return !isRefused;
+                           }});
+        }
+    }
+
+    void Run()
+    {
+        const auto timer = m_loop->Every(std::chrono::milliseconds(2), [this] { TakeOrders(); });
+        m_loop->Run();
+    }
+
+private:
+    Outcome Handle(const ServiceCall& call)
+    {
+        static const std::vector<std::string> methods[] = {{},
+                                                           {"StartApplication",
+                                                            "ReadyToInitialize",
+                                                            "ReadyToShowUI",
+                                                            "FinishWithInternalError",
+                                                            "StateChanged"},
+                                                           {"GetUpdateHandle", "GetCommand"},
+                                                           {"Ping"}};
+        const std::string& method = methods[call.request->iid].at(call.request->mid);
+        Say(Line(call, method));
+        const Order& order = m_orders[method];
+        const auto result = static_cast<std::int32_t>(order.value);
+        if (method == "GetUpdateHandle")
+        {
+            auto& response =
+                call.Response<vx_app_manager_ApplicationCommands_GetUpdateHandle_res>();
+            response.base.size |= 1U << WzMessageHandleCountShift;
+            response.handle.handle = WzNoHandleInMessage;
+            result == 0 ? XoEventCreate(&m_setter, &response.handle.handle) : 0;
+        }
+        else if (method == "GetCommand")
+        {
+            auto& response = call.Response<vx_app_manager_ApplicationCommands_GetCommand_res>();
+            response.command = m_command;
+            response.result = result;
+        }
+        else
+        {
+            call.Response<vx_app_manager_result_res>().result = result;
+        }
+        return order.what == Order::Refuse   ? Outcome::Reject
+               : order.what == Order::Ignore ? Outcome::Defer
+                                             : Outcome::Answer;
+    }
+
+    /// Three texts, a text and a number, or a text alone: the size tells.
+    static std::string Line(const ServiceCall& call, std::string line)
+    {
+        const auto* fields = reinterpret_cast<const tvo::ipc::arena::Reference*>(call.request + 1);
+        for (int i = 0; i < (call.request->size == 48 ? 3 : 1); ++i)
+        {
+            line += " " + std::string(ReadText(*call.requestArena, fields[i]).value_or("?"));
+        }
+        return call.request->size == 40
+                   ? line + " " + std::to_string(std::bit_cast<std::int64_t>(fields[1]))
+                   : line;
+    }
+
+    void TakeOrders()
+    {
+        Order order;
+        while (::recv(m_socket, &order, sizeof(order), MSG_DONTWAIT) == sizeof(order))
+        {
+            if (order.what == Order::Command)
+            {
+                m_command = order.value;
+                XoNoticeSetObjectEvent(m_setter, update_events::CommandChanged);
+            }
+            else if (order.what == Order::CloseUpdateHandle)
+            {
+                XoHandleClose(m_setter);
+            }
+            m_orders[order.method] = order;
+            Say(Done);
+        }
+    }
+
+    void Say(const std::string& line)
+    {
+        ::send(m_socket, line.data(), line.size(), MSG_NOSIGNAL);
+    }
+
+    int m_socket;
+    std::unique_ptr<tvo::service::IServiceLoop> m_loop = tvo::service::CreateServiceLoop();
+    std::map<std::string, Order> m_orders;
+    std::int64_t m_command = 0;
+    std::uint32_t m_setter = XoInvalidHandle;
+};
+
+/// Never comes back into the test that the child was forked from, not by an exception either.
+[[noreturn]] void RunManager(int socket, const char* refused) noexcept
+{
+    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+    Manager(socket, refused).Run();
+    ::_exit(0);
+}
+
+}  // namespace
+
+FakeAppManager::FakeAppManager(const char* refused)
+{
+    std::array<int, 2> sockets{};
+    ::socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, sockets.data());
+    m_pid = ::fork();
+    if (m_pid == 0)
+    {
+        ::close(sockets[0]);
+        RunManager(sockets[1], refused);
+    }
+    ::close(sockets[1]);
+    m_socket = sockets[0];
+    Do({});
+}
+
+FakeAppManager::~FakeAppManager()
+{
+    Die();
+    ::close(m_socket);
+}
+
+void FakeAppManager::Do(const Order& order)
+{
+    m_isDone = false;
+    ::send(m_socket, &order, sizeof(order), MSG_NOSIGNAL);
+    while (!m_isDone && Receive())
+    {}
+}
+
+std::vector<std::string> FakeAppManager::Calls()
+{
+    Do({});
+    return m_calls;
+}
+
+bool FakeAppManager::WaitForCall(std::string_view line, long times)
+{
+    while (std::ranges::count(m_calls, line) < times)
+    {
+        if (!Receive())
+        {
+            return false;
+        }
+    }
+    return true;
+}
+
+void FakeAppManager::Die()
+{
+    if (m_pid > 0)
+    {
+        ::kill(m_pid, SIGKILL);
+        ::waitpid(std::exchange(m_pid, -1), nullptr, 0);
+    }
+}
+
+/// @returns false when nothing comes in time, or the child is gone and all was read
+bool FakeAppManager::Receive()
+{
+    std::array<char, 1024> line;
+    pollfd entry{m_socket, POLLIN, 0};
+    ::poll(&entry, 1, 5000);
+    const ssize_t size = ::recv(m_socket, line.data(), line.size(), MSG_DONTWAIT);
+    if (size > 0)
+    {
+        const std::string text(line.data(), static_cast<std::size_t>(size));
+        text == Done ? void(m_isDone = true) : m_calls.push_back(text);
+    }
+    return size > 0;
+}
+
+}  // namespace app_manager::testing
