@@ -1,0 +1,367 @@
+#include "terminal/terminal.h"
+
+#include <algorithm>
+#include <utility>
+
+#include <fmt/format.h>
+
+#include <component/logger/logger.h>
+
+namespace app_manager::service {
+namespace {
+
+using control::Kind;
+using control::State;
+using std::chrono::milliseconds;
+using Afterwards = SupervisedChild::Afterwards;
+
+/// The platform tells of new names; this makes turns in case that it cannot.
+constexpr milliseconds LookForServersEvery{100};
+
+}  // namespace
+
+Terminal::Terminal(tvo::service::IServiceLoop& loop, INotifier& notifier, Clock clock)
+    : m_loop(loop), m_notifier(notifier), m_clock(std::move(clock))
+{
+    m_loop.OnTurnEnd([this] { Settle(); });
+    // It makes a turn, and every turn looks.
+    if (!m_loop.OnServersChange([] {}))
+    {
+        TVO_LOG_WARNING("The names of services are looked for every {} ms",
+                        LookForServersEvery.count());
+    }
+    m_latenessTick = m_loop.Every(Lateness::Interval, [this] { Now(); });
+    if (const auto interval = m_notifier.AliveInterval())
+    {
+        m_aliveTick = m_loop.Every(*interval, [this] { m_notifier.Alive(); });
+    }
+}
+
+Terminal::~Terminal() = default;
+
+Instant Terminal::Now()
+{
+    const Instant now = m_clock();
+    const auto late = m_lateness.Since(now.steady);
+    if (late > TimePoint::duration::zero())
+    {
+        TVO_LOG_WARNING("The manager was held up for {:.3f} s, all limits are moved",
+                        std::chrono::duration<double>(late).count());
+        for (const Children* const children : {&m_children, &m_leaving})
+        {
+            for (const auto& child : *children)
+            {
+                child->Supervision().Prolong(late);
+            }
+        }
+    }
+    return now;
+}
+
+void Terminal::Configure(const std::vector<ChildConfig>& configs)
+{
+    if (m_isStopping)
+    {
+        return;
+    }
+    Children children;
+    for (const ChildConfig& config : configs)
+    {
+        auto child = Take(config.kind, config.name);
+        children.push_back(child != nullptr
+                               ? std::move(child)
+                               : std::make_unique<ManagedChild>(config, m_loop, *this));
+    }
+    std::swap(m_children, children);
+    for (auto& child : children)
+    {
+        if (child != nullptr)
+        {
+            TVO_LOG_INFO("{}: is not wanted any more", child->Name());
+            m_leaving.push_back(std::move(child));
+        }
+    }
+    for (std::size_t i = 0; i < configs.size(); ++i)
+    {
+        m_children[i]->Reconfigure(configs[i]);
+    }
+}
+
+std::unique_ptr<ManagedChild> Terminal::Take(Kind kind, std::string_view name)
+{
+    for (auto& child : m_children)
+    {
+        if (child != nullptr && child->Supervision().Config().kind == kind && child->Name() == name)
+        {
+            return std::move(child);
+        }
+    }
+    return nullptr;
+}
+
+ManagedChild* Terminal::Find(std::string_view name)
+{
+    const auto row = std::find_if(m_children.begin(),
+                                  m_children.end(),
+                                  [name](const auto& child) { return child->Name() == name; });
+    return row != m_children.end() ? row->get() : nullptr;
+}
+
+ManagedChild* Terminal::FindApplication(std::string_view name, std::uint32_t pid)
+{
+    const auto isMeant = [name, pid](const auto& child)
+    {
+        // A process of another namespace has the pid 0 for us, as has a child without a process.
+        return pid != 0 && child->Pid() == pid && child->Name() == name &&
+               child->Supervision().Config().kind == Kind::Application;
+    };
+    for (const Children* const children : {&m_children, &m_leaving})
+    {
+        const auto row = std::find_if(children->begin(), children->end(), isMeant);
+        if (row != children->end())
+        {
+            return row->get();
+        }
+    }
+    return nullptr;
+}
+
+void Terminal::Settle()
+{
+    LookForServers();
+    for (const auto& child : m_children)
+    {
+        child->CloseWithoutNeeds();
+    }
+    if (m_isStopping)
+    {
+        StopNext();
+    }
+    else
+    {
+        StartWaiting();
+    }
+    ForgetEnded();
+    TellState();
+    ArmTimer();
+}
+
+void Terminal::LookForServers()
+{
+    for (const auto& child : m_children)
+    {
+        child->LookWhetherServed();
+    }
+}
+
+void Terminal::StartWaiting()
+{
+    for (const auto& child : m_children)
+    {
+        if (child->Supervision().State() == State::Waiting)
+        {
+            child->Supervision().Start(Now());
+        }
+    }
+}
+
+bool Terminal::MayStart(const ChildConfig& config) const
+{
+    const auto isInTheWay = [&config](const auto& child)
+    {
+        return child->Name() == config.name;
+    };
+    const auto isReady = [this](const std::string& need)
+    {
+        return StartsOfReadyService(need) != 0;
+    };
+    if (m_isStopping || std::any_of(m_leaving.begin(), m_leaving.end(), isInTheWay) ||
+        !std::all_of(config.needs.begin(), config.needs.end(), isReady))
+    {
+        return false;
+    }
+    for (const auto& child : m_children)
+    {
+        if (child->Name() == config.name)
+        {
+            return true;
+        }
+        if (!child->Supervision().HasHadItsTurn())
+        {
+            return false;
+        }
+    }
+    return false;
+}
+
+std::uint32_t Terminal::StartsOfReadyService(const std::string& name) const
+{
+    for (const auto& child : m_children)
+    {
+        const SupervisedChild& service = child->Supervision();
+        if (service.Config().kind == Kind::Service && child->Name() == name)
+        {
+            return service.State() == State::Ready ? service.Starts() : 0;
+        }
+    }
+    return 0;
+}
+
+void Terminal::Stop()
+{
+    if (!std::exchange(m_isStopping, true))
+    {
+        TVO_LOG_INFO("The terminal is stopped");
+        m_notifier.Stopping();
+        return;
+    }
+    TVO_LOG_WARNING("The terminal is stopped at once");
+    for (const Children* const children : {&m_children, &m_leaving})
+    {
+        for (const auto& child : *children)
+        {
+            child->Supervision().Kill();
+        }
+    }
+}
+
+/// One after the other, the last one first; those without a process do not come back.
+void Terminal::StopNext()
+{
+    const Instant now = Now();
+    bool isWaiting = false;
+    for (auto row = m_children.rbegin(); row != m_children.rend(); ++row)
+    {
+        SupervisedChild& child = (*row)->Supervision();
+        if (!isWaiting || !child.HasProcess())
+        {
+            child.Stop(now, Afterwards::StayAway, "the terminal is stopped");
+        }
+        isWaiting = isWaiting || child.HasProcess();
+    }
+    if (!isWaiting && m_leaving.empty())
+    {
+        m_loop.Stop();
+    }
+}
+
+void Terminal::ForgetEnded()
+{
+    for (const auto& child : m_leaving)
+    {
+        child->Supervision().Stop(Now(), Afterwards::StayAway, "it is not wanted any more");
+    }
+    const auto hasEnded = [](const auto& child)
+    {
+        return !child->Supervision().HasProcess();
+    };
+    if (std::erase_if(m_leaving, hasEnded) > 0)
+    {
+        // Somebody may have waited for the name, or for the end of all.
+        m_isStopping ? StopNext() : StartWaiting();
+    }
+}
+
+void Terminal::TellState()
+{
+    if (!m_wasReady && !m_isStopping && AllHadTheirTurn())
+    {
+        m_wasReady = true;
+        TVO_LOG_INFO("The terminal is ready");
+        m_notifier.Ready();
+    }
+    std::string line = StateLine();
+    if (line != m_toldState)
+    {
+        m_notifier.Status(line);
+        m_toldState = std::move(line);
+    }
+}
+
+bool Terminal::AllHadTheirTurn() const
+{
+    return std::all_of(m_children.begin(),
+                       m_children.end(),
+                       [](const auto& child) { return child->Supervision().HasHadItsTurn(); });
+}
+
+std::string Terminal::StateLine() const
+{
+    std::size_t ready = 0;
+    std::string others;
+    for (const auto& child : m_children)
+    {
+        const State state = child->Supervision().State();
+        if (state == State::Ready)
+        {
+            ++ready;
+        }
+        else if (state != State::Closed)
+        {
+            others += (others.empty() ? ", not yet: " : ", ") + child->Name();
+        }
+    }
+    return m_isStopping ? "stopping"
+                        : fmt::format("{} of {} ready{}", ready, m_children.size(), others);
+}
+
+void Terminal::Advance()
+{
+    const Instant now = Now();
+    m_armedFor.reset();
+    for (const Children* const children : {&m_children, &m_leaving})
+    {
+        for (const auto& child : *children)
+        {
+            child->Supervision().Advance(now);
+        }
+    }
+}
+
+/// One that is too early stays: it costs less than a new one for every ping.
+void Terminal::ArmTimer()
+{
+    std::optional<TimePoint> due;
+    for (const Children* const children : {&m_children, &m_leaving})
+    {
+        for (const auto& child : *children)
+        {
+            const auto own = child->Supervision().Due();
+            due = own && (!due || *own < *due) ? own : due;
+        }
+    }
+    if (!due)
+    {
+        m_timer.reset();
+        m_armedFor.reset();
+    }
+    else if (!m_armedFor || *due < *m_armedFor)
+    {
+        const auto left = std::chrono::ceil<milliseconds>(*due - m_clock().steady);
+        m_timer = m_loop.After(left, [this] { Advance(); });
+        m_armedFor = due;
+    }
+    WatchServers();
+}
+
+void Terminal::WatchServers()
+{
+    const bool isAwaited = std::any_of(m_children.begin(),
+                                       m_children.end(),
+                                       [](const auto& child)
+                                       {
+                                           const SupervisedChild& service = child->Supervision();
+                                           return service.State() == State::Starting &&
+                                                  !service.Config().provides.empty();
+                                       });
+    if (!isAwaited)
+    {
+        m_serversTick.reset();
+    }
+    else if (m_serversTick == nullptr)
+    {
+        m_serversTick = m_loop.Every(LookForServersEvery, [] {});
+    }
+}
+
+}  // namespace app_manager::service
