@@ -8,6 +8,7 @@
 #include <shared/common/utils/platform_log.h>
 
 #include "run.h"
+#include "services/terminal_services.h"
 #include "settings_service.h"
 #include "signals.h"
 
@@ -37,6 +38,9 @@ int main(int argc, char** argv)
     ::common::utils::LogPlatformLines();
     tvoctl::Output out(std::cout);
     tvoctl::Environment environment{.connectSettings = &tvoctl::ConnectSettingsService,
+                                    .connectManager = [](std::chrono::milliseconds patience)
+                                    { return app_manager::control::ConnectControl(patience); },
+                                    .listServices = &tvoctl::ListTerminalServices,
                                     .endOnSignals = [&out] { tvoctl::EndOnSignals(out); },
                                     .keepWatching = &KeepWatching,
                                     .in = std::cin,

@@ -4,9 +4,11 @@
 #include <exception>
 #include <ostream>
 
+#include "app/app_commands.h"
 #include "command.h"
 #include "failure.h"
 #include "printable.h"
+#include "services/services.h"
 #include "settings/settings_commands.h"
 
 namespace tvoctl {
@@ -25,6 +27,8 @@ void RunChosen(int argc, const char* const* argv, Environment& environment)
     app.fallthrough();
     app.add_flag("--json", environment.isJson, "print results as JSON, one line each");
     Commands commands;
+    AddServicesCommand(app, commands);
+    AddAppCommands(app, commands);
     AddSettingsCommands(app, commands);
     try
     {

@@ -21,7 +21,13 @@ protected:
     /// @param arguments  those behind `settings`, parted by "|"
     int Run(const std::string& arguments)
     {
-        std::vector<std::string> words{"tvoctl", "settings"};
+        return RunTool("settings|" + arguments);
+    }
+
+    /// @param arguments  all of them
+    int RunTool(const std::string& arguments)
+    {
+        std::vector<std::string> words{"tvoctl"};
         std::istringstream split(arguments);
         for (std::string word; std::getline(split, word, '|');)
         {
@@ -41,6 +47,8 @@ protected:
                                     m_server = server;
                                     return Connect();
                                 },
+                                .connectManager = m_connectManager,
+                                .listServices = m_listServices,
                                 .endOnSignals = [this] { m_isGuarded = true; },
                                 .keepWatching = [this] { return NextStep(); },
                                 .in = m_in,
@@ -68,6 +76,8 @@ protected:
     }
 
     std::shared_ptr<FakeSettings> m_settings = std::make_shared<FakeSettings>();
+    ConnectManager m_connectManager;
+    ListServices m_listServices;
     std::string m_server;
     int m_connections = 0;
     bool m_isGuarded = false;

@@ -2,8 +2,8 @@
 
 #include <string_view>
 
+#include "json_text.h"
 #include "settings/json_form.h"
-#include "settings/json_text.h"
 
 namespace tvoctl {
 

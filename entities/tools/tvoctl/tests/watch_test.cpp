@@ -85,30 +85,6 @@ TEST_F(WatchTest, PrintsAValueOnceWhenChangesOvertakeEachOther)
               "{\"change\":\"created\",\"path\":\"c\",\"setting\":5}\n");
 }
 
-TEST_F(WatchTest, ConnectsAnewAndPrintsWhatHasChangedMeanwhile)
-{
-    m_settings->root = Tree(R"({"a":1,"b":1})");
-    const std::shared_ptr<FakeSettings> first = m_settings;
-    m_steps = {[this]
-               {
-                   m_settings->refusal = plk::codes::MediaError;
-                   m_settings->Tell("a", update::ValueChanged);
-               },
-               [this] { m_settings.reset(); },
-               [&first] {
-                   EXPECT_EQ(first.use_count(), 1) << "parts would be shared by the new connection";
-               },
-               [this]
-               {
-                   m_settings = std::make_shared<FakeSettings>();
-                   m_settings->root = Tree(R"({"a":2,"c":1})");
-               }};
-    Change(R"({"a":2,"c":2})", "c", update::ValueChanged);
-    EXPECT_EQ(Run("watch"), 0) << m_err.str();
-    EXPECT_EQ(m_stream.str(), "value\ta\t2\ndeleted\tb\ncreated\tc\t1\nvalue\tc\t2\n");
-    EXPECT_TRUE(first->observers.empty());
-}
-
 TEST_F(WatchTest, TellsAChangeOfItsFirstMomentOnce)
 {
     std::thread callback;
@@ -127,18 +103,6 @@ TEST_F(WatchTest, TellsAChangeOfItsFirstMomentOnce)
     Change(R"({"a":2})", "a", update::ValueChanged);
     EXPECT_EQ(Run("watch|--initial"), 0);
     EXPECT_EQ(m_stream.str(), "initial\t/\t{\"a\":1}\nvalue\ta\t2\n");
-}
-
-TEST_F(WatchTest, EndsWithAnOutputThatCannotBeWritten)
-{
-    m_steps = {[this]
-               {
-                   m_stream.setstate(std::ios::badbit);
-               }};
-    Change(R"({"a":2})", "a", update::ValueChanged);
-    m_steps.emplace_back([] {});
-    EXPECT_EQ(Run("watch"), 1);
-    EXPECT_EQ(m_err.str(), "tvoctl: cannot write the output\n");
 }
 
 }  // namespace tvoctl

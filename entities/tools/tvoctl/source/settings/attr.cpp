@@ -1,7 +1,7 @@
 #include <string>
 
+#include "../json_text.h"
 #include "document.h"
-#include "json_text.h"
 #include "settings_command.h"
 
 namespace tvoctl {

@@ -1,5 +1,5 @@
+#include "../json_text.h"
 #include "document.h"
-#include "json_text.h"
 #include "settings_command.h"
 #include "value_text.h"
 

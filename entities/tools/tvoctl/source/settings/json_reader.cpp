@@ -9,9 +9,9 @@
 #include <component/nvl/path.h>
 
 #include "../failure.h"
+#include "../json_text.h"
 #include "../percent.h"
 #include "json_form.h"
-#include "json_text.h"
 #include "kinds.h"
 #include "path_argument.h"
 #include "scalar_text.h"

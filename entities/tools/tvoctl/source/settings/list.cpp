@@ -3,10 +3,10 @@
 #include <fmt/format.h>
 
 #include "../failure.h"
+#include "../json_text.h"
 #include "../printable.h"
 #include "document.h"
 #include "json_form.h"
-#include "json_text.h"
 #include "kinds.h"
 #include "path_argument.h"
 #include "settings_command.h"

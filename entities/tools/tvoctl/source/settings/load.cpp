@@ -1,9 +1,9 @@
 #include <string>
 
 #include "../input.h"
+#include "../json_text.h"
 #include "difference.h"
 #include "document.h"
-#include "json_text.h"
 #include "report.h"
 #include "settings_command.h"
 

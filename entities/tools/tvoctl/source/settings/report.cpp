@@ -4,10 +4,10 @@
 
 #include <component/settings_manager/i_settings_manager.h>
 
+#include "../json_text.h"
 #include "../printable.h"
 #include "document.h"
 #include "json_form.h"
-#include "json_text.h"
 #include "path_argument.h"
 
 namespace tvoctl {

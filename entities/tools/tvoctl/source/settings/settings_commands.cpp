@@ -5,12 +5,11 @@
 #include <set>
 #include <string>
 
+#include "../patience.h"
 #include "settings_command.h"
 
 namespace tvoctl {
 namespace {
-
-constexpr unsigned MaxPatienceSeconds = 3600;
 
 CLI::App& DeclareGroup(CLI::App& app, SettingsOptions& options)
 {
@@ -21,10 +20,7 @@ CLI::App& DeclareGroup(CLI::App& app, SettingsOptions& options)
         ->type_name("NAME")
         ->capture_default_str()
         ->check(CLI::IsMember(std::set<std::string>(std::begin(names::All), std::end(names::All))));
-    group->add_option("--wait", options.patienceSeconds, "time for the service to appear")
-        ->type_name("SECONDS")
-        ->capture_default_str()
-        ->check(CLI::Range(0U, MaxPatienceSeconds));
+    AddPatience(*group, options.patienceSeconds);
     return *group;
 }
 

@@ -3,8 +3,8 @@
 #include <fmt/format.h>
 
 #include "../failure.h"
+#include "../json_text.h"
 #include "json_form.h"
-#include "json_text.h"
 #include "kinds.h"
 #include "scalar_text.h"
 

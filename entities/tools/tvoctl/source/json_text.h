@@ -14,7 +14,8 @@ inline constexpr int MaxJsonDepth = 300;
 /// @throws Failure  BadUse
 nlohmann::json ParseJson(std::string_view text);
 
-/// On one line, with control and other invisible characters escaped.
+/// On one line, with control and other invisible characters escaped. Bytes that are no UTF-8 become
+/// the replacement character.
 std::string JsonLine(const nlohmann::json& json);
 
 /// On many lines, for people to read and edit.

@@ -6,8 +6,8 @@
 
 #include <fmt/format.h>
 
-#include "../failure.h"
-#include "../printable.h"
+#include "failure.h"
+#include "printable.h"
 
 namespace tvoctl {
 namespace {
@@ -83,7 +83,7 @@ catch (const json::exception& error)
 
 std::string JsonLine(const json& json)
 {
-    return Printable(json.dump());
+    return Printable(json.dump(-1, ' ', false, json::error_handler_t::replace));
 }
 
 std::string JsonPage(const json& json)
