@@ -124,6 +124,14 @@ TEST_F(RendezvousTest, ANameIsHeldOnceAndLeavesNoSocketBehind)
     const int folder = opened.Get();
     {
         std::ofstream(base / "name.lock") << "service left over\n";
+        {
+            const Descriptor successor(::open((base / "name.lock").c_str(), O_RDWR | O_CLOEXEC));
+            struct flock firstByte = {};
+            firstByte.l_type = F_WRLCK;
+            firstByte.l_len = 1;
+            ASSERT_EQ(::fcntl(successor.Get(), F_OFD_SETLK, &firstByte), 0);
+            EXPECT_FALSE(ReadHeldLockFile(folder, "name")) << "held, but not emptied yet";
+        }
         std::ofstream(base / "name.sock") << "stale";
         std::ofstream(base / "name.new") << "stale";
         const auto held = BoundName::Take(

@@ -16,12 +16,34 @@ namespace {
 
 constexpr std::size_t MaxLockFile = std::size_t{64} * 1024;
 
-struct flock WholeFile()
+/// Who holds the first byte has the name, who holds the second one has written what the file says:
+/// a new holder empties the file of the former one in between. Both exist only as places to lock.
+enum class Claim : off_t
+{
+    Name,
+    Contents,
+};
+
+struct flock RangeOf(Claim claim)
 {
     struct flock range = {};
     range.l_type = F_WRLCK;
     range.l_whence = SEEK_SET;
+    range.l_start = static_cast<off_t>(claim);
+    range.l_len = 1;
     return range;
+}
+
+bool Lock(int file, Claim claim)
+{
+    struct flock range = RangeOf(claim);
+    return ::fcntl(file, F_OFD_SETLK, &range) == 0;
+}
+
+bool IsLocked(int file, Claim claim)
+{
+    struct flock range = RangeOf(claim);
+    return ::fcntl(file, F_OFD_GETLK, &range) == 0 && range.l_type != F_UNLCK;
 }
 
 std::vector<std::string_view> Split(std::string_view line)
@@ -165,8 +187,7 @@ std::optional<LockFile> LockFile::Take(int folder, const std::string& encodedNam
                              fileName.c_str(),
                              O_RDWR | O_CREAT | O_APPEND | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK,
                              0600));
-    struct flock range = WholeFile();
-    if (!file || ::fcntl(file.Get(), F_OFD_SETLK, &range) != 0)
+    if (!file || !Lock(file.Get(), Claim::Name))
     {
         const bool held = file && (errno == EAGAIN || errno == EACCES);
         LogLine(TvoPlatformLogLevel::Error,
@@ -175,7 +196,7 @@ std::optional<LockFile> LockFile::Take(int folder, const std::string& encodedNam
                 held ? "another process holds it" : std::strerror(errno));
         return std::nullopt;
     }
-    if (::ftruncate(file.Get(), 0) != 0)
+    if (::ftruncate(file.Get(), 0) != 0 || !Lock(file.Get(), Claim::Contents))
     {
         LogLine(TvoPlatformLogLevel::Error,
                 "cannot empty the lock file of %s: %s",
@@ -218,8 +239,7 @@ std::optional<std::vector<LockFileLine>> ReadHeldLockFile(int folder,
     const std::string fileName = encodedName + std::string(LockSuffix);
     const Descriptor file(
         ::openat(folder, fileName.c_str(), O_RDONLY | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK));
-    struct flock range = WholeFile();
-    if (!file || ::fcntl(file.Get(), F_OFD_GETLK, &range) != 0 || range.l_type == F_UNLCK)
+    if (!file || !IsLocked(file.Get(), Claim::Contents))
     {
         return std::nullopt;
     }

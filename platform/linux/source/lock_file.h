@@ -37,8 +37,8 @@ std::vector<LockFileLine> EndpointLines(const TvoComponentTree& tree);
 /// Reads whole lines; what is cut off at the end or makes no sense is left out.
 std::vector<LockFileLine> ParseLines(std::string_view text);
 
-/// A name that this process holds: a file that is made once and never removed, with a write lock
-/// that ends with the process. Contents of a former holder are gone once it is taken.
+/// A name that this process holds: a file that is made once and never removed, with write locks
+/// that end with the process. Nobody believes the contents of a former holder.
 class LockFile final
 {
 public:
