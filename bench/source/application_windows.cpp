@@ -5,7 +5,7 @@
 
 #include <component/cert_approver/tvo_ipc/client.h>
 #include <component/plk/exceptions.h>
-#include <support/settings_service.h>
+#include <support/manager_process.h>
 
 #include "runtime_folder.h"
 #include "window_rows.h"
@@ -95,7 +95,8 @@ public:
     }
 
 private:
-    support::SettingsService m_settings{RuntimeFolderPath(), "en-US"};
+    // Without applications: what runs beside it is let be.
+    support::ManagerProcess m_manager{RuntimeFolderPath(), "en-US"};
     std::unique_ptr<Client> m_client;
     std::future<Verdict> m_answer;
     // Goes first: a call that is still waiting ends with the application.
@@ -121,7 +122,8 @@ public:
     }
 
 private:
-    support::SettingsService m_settings{RuntimeFolderPath(), "en-US"};
+    // Without applications: what runs beside it is let be.
+    support::ManagerProcess m_manager{RuntimeFolderPath(), "en-US"};
     std::unique_ptr<Client> m_client;
     std::future<Verdict> m_answer;
     // Goes first: a call that is still waiting ends with the application.

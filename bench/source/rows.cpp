@@ -1,5 +1,6 @@
 #include "rows.h"
 
+#include "application_calls.h"
 #include "bus_calls.h"
 #include "event_wake_ups.h"
 #include "log_lines.h"
@@ -7,6 +8,7 @@
 #include "settings_rows.h"
 #include "socket_calls.h"
 #include "terminal_calls.h"
+#include "terminal_starts.h"
 #include "window_rows.h"
 
 namespace tvo::bench {
@@ -58,6 +60,8 @@ std::vector<Row> AllRows()
         {"call_560k", 5.8, MakeLargeCalls, MakeStreamCalls},
         {"approve_roundtrip", 1.6, MakeApprovals, MakeCallsOfOne},
         {"event_wakeup", 1.3, MakeEventWakeUps, MakePacketWakeUps},
+        {"ping", 1.6, MakePings, MakeCallsOfOne},
+        {"command", 2.0, MakeCommands, MakePacketWakeUps},
         {"log_suppressed", 1.5, MakeSuppressedLines, MakeVirtualCalls},
         {"log_written", 1.3, MakeWrittenLines, MakeSpdlogLines},
         {"settings_set_durable", 1.5, MakeDurableWrites, MakeDurableUpdates, 41},
@@ -72,6 +76,7 @@ std::vector<Row> AllRows()
         {"settings_serialize_10k", 1.2, MakeSerializations, MakeProtobufSerializations},
 #endif
         {"request_to_pixel", 1.3, MakeRequests, MakeLoads, 41, Processors::All},
+        {"terminal_start", 1.2, MakeTerminalStarts, MakeProgramStarts, 21, Processors::All},
 #ifdef TVO_BENCH_QML_TOOL
         {"start_to_ready", 1.3, MakeApplicationStarts, MakeToolStarts, 21, Processors::All},
 #endif
@@ -82,6 +87,7 @@ const std::map<std::string, Server>& ServersByName()
 {
     static const std::map<std::string, Server> servers{
         {"approvals", ServeApprovals},
+        {"commands", ServeCommands},
 #ifdef TVO_BENCH_SDBUS
         {"daemon_bus", ServeDaemonBus},
         {"peer_bus", ServePeerBus},
@@ -94,6 +100,7 @@ const std::map<std::string, Server>& ServersByName()
         {"event_wake_ups", ServeEventWakeUps},
         {"packet_wake_ups", ServePacketWakeUps},
         {"packets", ServePackets},
+        {"pings", ServePings},
         {"settings_observer", ServeObserver},
         {"stream", ServeStream},
     };

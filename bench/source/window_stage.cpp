@@ -9,8 +9,6 @@
 
 #include <support/terminal_session.h>
 
-#include "runtime_folder.h"
-
 namespace tvo::bench {
 namespace {
 
@@ -41,8 +39,6 @@ void WindowStage::Start(const std::filesystem::path& program,
                         const std::vector<std::string>& arguments)
 {
     auto environment = support::TerminalEnvironment(Folder());
-    // Where this process looks for services.
-    environment["TVO_RUNTIME_DIR"] = RuntimeFolderPath();
     environment["XDG_CACHE_HOME"] = Folder() / "cache";
     // Qt's tool takes the language of its texts from here.
     environment["LC_ALL"] = "C.UTF-8";

@@ -1,9 +1,10 @@
-# The processes of the demo: a compositor, the settings service and the approval application in a
-# folder of their own, and their end. Sourced by scripts/demo.
+# The processes of the demo: a compositor and the terminal's manager with what it starts, in a folder
+# of their own, and their end. Sourced by scripts/demo.
 
 # What runs as root may use a compositor that another user runs; sway itself refuses to be root.
 sway_user=65534
 
+programs=$root/build/release/bin
 folder=
 children=()
 
@@ -12,9 +13,10 @@ start_session() {
     trap end_session EXIT
     chmod 0711 "$folder"
     mkdir -m 0700 "$folder/sway" "$folder/terminal"
+    export TVO_RUNTIME_DIR=$folder/terminal
     start_sway
-    start_settings
-    start_approver
+    store_language
+    start_terminal
 }
 
 # Ends what this script started, the latest first.
@@ -70,8 +72,9 @@ find_wayland_socket() {
 
 start_sway() {
     local prefix=() variables=(WLR_RENDERER=pixman)
-    cp "$root/scripts/demo_parts/sway.conf" "$folder/sway/sway.conf"
-    echo "output * resolution $size" >>"$folder/sway/sway.conf"
+    cp "$root/packaging/sway/terminal.conf" "$folder/sway/terminal.conf"
+    printf '%s\n' "include terminal.conf" "output * bg #2060a0 solid_color" \
+        "output * resolution $size" >"$folder/sway/sway.conf"
     if has_session; then
         find_session
     else
@@ -114,33 +117,39 @@ setting_of_language() {
     esac
 }
 
-start_settings() {
-    TVO_RUNTIME_DIR=$folder/terminal "$root/build/release/bin/settings_manager" \
-        --database "$folder/terminal/settings.sqlite" >"$folder/settings_manager.log" 2>&1 &
-    children+=("$!")
-    TVO_RUNTIME_DIR=$folder/terminal "$root/build/release/bin/tvoctl" settings --wait 30 \
+# An application reads its language when it starts. So the setting is in the database before: a
+# settings service runs for no longer than it takes to write it.
+store_language() {
+    local log=$folder/settings_manager.log settings
+    "$programs/settings_manager" --database "$folder/terminal/settings.sqlite" >"$log" 2>&1 &
+    settings=$!
+    children+=("$settings")
+    "$programs/tvoctl" settings --wait 30 \
         set --create profiles/locale/language "$(setting_of_language)" ||
-        give_up "the settings service does not start" "$folder/settings_manager.log"
+        give_up "the settings service does not start" "$log"
+    end_process "$settings"
+    unset "children[-1]"
 }
 
 is_ready() {
-    grep -qs "CertApprover is ready" "$folder/cert_approver.log"
+    "$programs/tvoctl" --json app status cert_approver 2>/dev/null |
+        jq -e '.state == "ready"' >/dev/null
 }
 
-start_approver() {
+# The manager starts the services and applications of its file, which inherit what it is told here.
+start_terminal() {
     local variables=(
         XDG_RUNTIME_DIR="$folder/terminal"
-        TVO_RUNTIME_DIR="$folder/terminal"
         WAYLAND_DISPLAY="$wayland_socket"
         QT_QPA_PLATFORM=wayland
         QT_QUICK_BACKEND=software
         FONTCONFIG_FILE="$root/packaging/fontconfig/vantelore-fonts.conf"
     )
-    env "${variables[@]}" "$root/build/release/bin/cert_approver" >"$folder/cert_approver.log" 2>&1 &
-    approver=$!
-    children+=("$approver")
-    wait_until "$approver" is_ready ||
-        give_up "the approval application does not start" "$folder/cert_approver.log"
+    env --chdir="$folder/terminal" "${variables[@]}" "$programs/app_manager" \
+        --config "$root/scripts/demo_parts/terminal.toml" >"$folder/terminal.log" 2>&1 &
+    manager=$!
+    children+=("$manager")
+    wait_until "$manager" is_ready || give_up "the terminal does not start" "$folder/terminal.log"
 }
 
 give_up() {

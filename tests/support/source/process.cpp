@@ -1,5 +1,7 @@
 #include <csignal>
+#include <cstdlib>
 #include <stdexcept>
+#include <thread>
 
 #include <QDeadlineTimer>
 #include <sys/prctl.h>
@@ -7,6 +9,24 @@
 #include <support/process.h>
 
 namespace support {
+
+bool Comes(const std::function<bool()>& condition)
+{
+    const QDeadlineTimer deadline(Patience);
+    bool holds = condition();
+    while (!holds && !deadline.hasExpired())
+    {
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        holds = condition();
+    }
+    return holds;
+}
+
+std::uint32_t FromEnvironment(const char* name, std::uint32_t otherwise)
+{
+    const char* text = std::getenv(name);
+    return text != nullptr ? static_cast<std::uint32_t>(std::stoul(text)) : otherwise;
+}
 
 Process::Process(const Command& command)
 {
@@ -21,6 +41,8 @@ Process::Process(const Command& command)
         arguments.append(QString::fromStdString(argument));
     }
     m_process.setProcessEnvironment(environment);
+    // Waits wake for this stream; what programs say of themselves goes there.
+    m_process.setReadChannel(QProcess::StandardError);
     m_process.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });
     m_process.start(QString::fromStdString(command.program.string()), arguments);
     if (!m_process.waitForStarted())
@@ -64,7 +86,7 @@ int Process::ExitStatus()
 
 bool Process::WaitForText(const std::string& text)
 {
-    // QProcess wakes for one of the two streams only, but takes in both.
+    // For the stream that does not wake it; each wait takes in both.
     constexpr int SliceMs = 20;
     const QDeadlineTimer deadline(Patience);
     const auto stands = [&]

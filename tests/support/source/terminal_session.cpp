@@ -1,31 +1,53 @@
-#include <filesystem>
-#include <stdexcept>
-
 #include <support/terminal_session.h>
 
 namespace support {
 
-TerminalSession::TerminalSession(const std::string& language)
-    : m_display(Folder() / "wayland", QSize(1280, 800)), m_settings(Folder(), language)
+namespace {
+
+std::string ApplicationTable(const std::string& keys)
 {
-    StartApprover();
+    const std::string name = '"' + std::string(TerminalSession::Application) + '"';
+    return "[[application]]\nname = " + name + "\ncommand = [" + name + "]\n" +
+           "restart_delay = 0.05\nrestart_delay_max = 0.1\n" + keys;
 }
 
-TerminalSession::~TerminalSession() = default;
+}  // namespace
+
+TerminalSession::TerminalSession(const TerminalSetup& setup)
+    : m_display(Folder() / "wayland", QSize(1280, 800)),
+      m_manager(Folder(),
+                setup.language,
+                TerminalEnvironment(Folder()),
+                ApplicationTable(setup.application))
+{
+    m_manager.WaitUntilReady(Application);
+}
 
 Compositor& TerminalSession::Display()
 {
     return m_display;
 }
 
-SettingsService& TerminalSession::Settings()
+ManagerProcess& TerminalSession::Manager()
 {
-    return m_settings;
+    return m_manager;
 }
 
-Process& TerminalSession::Approver()
+pid_t TerminalSession::Approver() const
 {
-    return *m_approver;
+    return static_cast<pid_t>(m_manager.StatusOf(Application).pid);
+}
+
+void TerminalSession::WaitForNextApprover(pid_t former)
+{
+    m_manager.WaitUntilReady(Application, former);
+}
+
+void TerminalSession::RestartApprover()
+{
+    const pid_t former = Approver();
+    m_manager.Send(Application, app_manager::control::Command::Restart);
+    WaitForNextApprover(former);
 }
 
 std::filesystem::path TerminalSession::Folder() const
@@ -33,27 +55,9 @@ std::filesystem::path TerminalSession::Folder() const
     return m_folder.path().toStdString();
 }
 
-std::unique_ptr<Process> TerminalSession::Ask(const std::vector<std::string>& arguments,
-                                              const std::string& input) const
-{
-    return StartCaller(Folder(), arguments, input);
-}
-
-void TerminalSession::StartApprover()
-{
-    const Process::Command command{TVO_CERT_APPROVER, {}, TerminalEnvironment(Folder()), {}};
-    m_approver.reset();
-    m_approver = std::make_unique<Process>(command);
-    if (!m_approver->WaitForText("CertApprover is ready"))
-    {
-        throw std::runtime_error("The application is not ready:\n" + m_approver->Errors());
-    }
-}
-
 std::map<std::string, std::string> TerminalEnvironment(const std::filesystem::path& folder)
 {
-    return {{"TVO_RUNTIME_DIR", folder},
-            {"XDG_RUNTIME_DIR", folder},
+    return {{"XDG_RUNTIME_DIR", folder},
             {"WAYLAND_DISPLAY", folder / "wayland"},
             {"QT_QPA_PLATFORM", "wayland"},
             {"QT_QUICK_BACKEND", "software"},
@@ -61,12 +65,10 @@ std::map<std::string, std::string> TerminalEnvironment(const std::filesystem::pa
             {"TZ", "UTC"}};
 }
 
-std::unique_ptr<Process> StartCaller(const std::filesystem::path& runtimeFolder,
-                                     const std::vector<std::string>& arguments,
+std::unique_ptr<Process> StartCaller(const std::vector<std::string>& arguments,
                                      const std::string& input)
 {
-    return std::make_unique<Process>(
-        Process::Command{TVO_CERT_APPROVE, arguments, {{"TVO_RUNTIME_DIR", runtimeFolder}}, input});
+    return std::make_unique<Process>(Process::Command{TVO_CERT_APPROVE, arguments, {}, input});
 }
 
 }  // namespace support

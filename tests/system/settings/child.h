@@ -1,11 +1,8 @@
 #pragma once
 
-#include <chrono>
 #include <functional>
-#include <memory>
 #include <new>
 #include <stdexcept>
-#include <thread>
 
 #include <sys/mman.h>
 #include <sys/types.h>
@@ -47,13 +44,8 @@ T& MakeShared()
 template <class Condition>
 void WaitUntil(const char* what, Condition holds)
 {
-    const auto deadline = std::chrono::steady_clock::now() + support::Patience;
-    while (!holds())
+    if (!support::Comes(holds))
     {
-        if (std::chrono::steady_clock::now() > deadline)
-        {
-            throw std::runtime_error(std::string("It does not come about that ") + what);
-        }
-        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        throw std::runtime_error(std::string("It does not come about that ") + what);
     }
 }

@@ -1,10 +1,11 @@
 // How many rounds: TVO_SETTINGS_ROUNDS. What happens when: TVO_SETTINGS_SEED.
 
+#include <algorithm>
 #include <array>
 #include <atomic>
-#include <cstdlib>
 #include <iostream>
 #include <random>
+#include <thread>
 
 #include <component/plk/result_codes.h>
 
@@ -30,11 +31,19 @@ struct Board
         std::atomic<long> tree = 0;   ///< acknowledged
     };
 
+    [[nodiscard]] Snapshot Acknowledged() const
+    {
+        Snapshot snapshot;
+        std::ranges::transform(writers,
+                               snapshot.begin(),
+                               [](const auto& one) { return Numbers(one.value, one.tree); });
+        return snapshot;
+    }
+
     std::array<Writer, Writers> writers;
     // How often each of the writers, and the reader, has connected and found all in order.
     std::array<std::atomic<int>, Writers + 1> connections;
     std::atomic<bool> isStopping = false;
-    std::atomic<bool> isFinal = false;
 };
 
 std::string NameOf(std::size_t writer)
@@ -47,16 +56,6 @@ Setting TreeOf(long number)
 {
     const auto count = static_cast<std::size_t>(number * 37 % 130);
     return {Map{{"number", {number}}, {"list", {List(count, Setting{number})}}}};
-}
-
-void CreateTop()
-{
-    Map top;
-    for (std::size_t i = 0; i < Writers; ++i)
-    {
-        top[NameOf(i)] = {Map{{"value", {0L}}, {"tree", TreeOf(0)}}};
-    }
-    EXPECT_EQ(As<ISettingsCreator>(Connect()).CreateSetting(Top, {top}), 0);
 }
 
 /// Operations succeed, or the service has gone.
@@ -83,27 +82,18 @@ std::optional<Snapshot> Read(const Manager& manager)
     {
         const Setting& own = at(top, NameOf(i));
         const Setting& tree = at(own, "tree");
-        snapshot[i] = {std::get<long>(at(own, "value").value),
-                       std::get<long>(at(tree, "number").value)};
-        EXPECT_TRUE(tree == TreeOf(snapshot[i].second)) << "half a tree";
-        EXPECT_LE(snapshot[i].second, snapshot[i].first) << "a value is written before its tree";
+        const long number = std::get<long>(at(tree, "number").value);
+        snapshot[i] = {std::get<long>(at(own, "value").value), number};
+        EXPECT_TRUE(tree == TreeOf(number)) << "half a tree";
+        EXPECT_LE(number, snapshot[i].first) << "a value is written before its tree";
     }
     return snapshot;
 }
 
-Snapshot Acknowledged(const Board& board)
-{
-    Snapshot snapshot;
-    std::ranges::transform(board.writers,
-                           snapshot.begin(),
-                           [](const auto& writer) { return Numbers(writer.value, writer.tree); });
-    return snapshot;
-}
-
 /// Reads what is there after a start, and holds it against what was acknowledged before.
-std::optional<Snapshot> ReadAndCheck(const Manager& manager, Board& board, std::size_t self)
+bool IsAllThere(const Manager& manager, Board& board, std::size_t self)
 {
-    const Snapshot least = Acknowledged(board);
+    const Snapshot least = board.Acknowledged();
     const auto now = Read(manager);
     for (std::size_t i = 0; now && i < Writers; ++i)
     {
@@ -112,76 +102,42 @@ std::optional<Snapshot> ReadAndCheck(const Manager& manager, Board& board, std::
         EXPECT_LE(now->at(i).first, board.writers[i].begun);
     }
     board.connections.at(self) += now ? 1 : 0;
-    return now;
+    return now.has_value();
 }
 
-bool Write(const Manager& manager, const nvl::Path& own, Board::Writer& writer)
+bool Write(const Manager& manager, std::size_t self, Board::Writer& writer)
 {
+    const nvl::Path own = Top / NameOf(self);
     const long number = ++writer.begun;
     if (!IsDone(As<ISettingsValueSetter>(manager).SetValue(own / "value", {number})))
     {
         return false;
     }
     writer.value = number;
-    if (!IsDone(As<ISettingsSetter>(manager).SetSetting(own / "tree", TreeOf(number))))
-    {
-        return false;
-    }
-    writer.tree = number;
-    return true;
+    const bool isDone =
+        IsDone(As<ISettingsSetter>(manager).SetSetting(own / "tree", TreeOf(number)));
+    writer.tree = isDone ? number : writer.tree.load();
+    return isDone;
 }
 
-void WriteUntilKilled(const Manager& manager, Board& board, std::size_t self)
+/// Reads or writes in one process a life of the service. They do not end the client in order, which
+/// takes a second when the service has gone.
+void WorkInNewProcesses(Board& board, std::size_t self)
 {
-    bool isAlive = ReadAndCheck(manager, board, self).has_value();
-    while (isAlive && !board.isStopping)
+    const auto work = [&]
     {
-        isAlive = Write(manager, Top / NameOf(self), board.writers.at(self));
-    }
-}
-
-/// Looks when it is told to, and has seen the last words of the writers in the end.
-void FollowUntilKilled(const Manager& manager, Board& board)
-{
-    static std::atomic<bool> isTold = false;
-    if (!IsDone(Subscribe(manager, Top, [](const std::string&) { isTold = true; })))
-    {
-        return;
-    }
-    auto now = ReadAndCheck(manager, board, Writers);
-    const auto isOver = [&]
-    {
-        Attributes unused;
-        now = isTold.exchange(false) ? Read(manager) : now;
-        return !now || (board.isFinal && now == Acknowledged(board)) ||
-               As<ISettingsGetter>(manager).GetAttribute(Top, unused) < 0;
+        static const Manager manager = Connect();
+        bool isAlive = manager && IsAllThere(manager, board, self);
+        while (isAlive && !board.isStopping)
+        {
+            isAlive = self < Writers ? Write(manager, self, board.writers.at(self))
+                                     : Read(manager).has_value();
+        }
     };
-    WaitUntil("the reader sees what was acknowledged", isOver);
-}
-
-/// Does this in one process a life of the service. They do not end the client in order, which takes
-/// a second when the service has gone.
-void InNewProcesses(const std::atomic<bool>& isEnd, const std::function<void(const Manager&)>& body)
-{
-    while (!isEnd)
+    while (!board.isStopping)
     {
-        Child process(
-            [&body]
-            {
-                static const Manager manager = Connect();
-                if (manager)
-                {
-                    body(manager);
-                }
-            });
-        EXPECT_TRUE(process.Succeeds());
+        EXPECT_TRUE(Child(work).Succeeds());
     }
-}
-
-std::uint32_t FromEnvironment(const char* name, std::uint32_t otherwise)
-{
-    const char* text = std::getenv(name);
-    return text != nullptr ? static_cast<std::uint32_t>(std::stoul(text)) : otherwise;
 }
 
 class KilledService : public ServiceFixture
@@ -190,13 +146,9 @@ protected:
     void StartAndWaitForAll()
     {
         const std::vector<int> before(board.connections.begin(), board.connections.end());
-        const auto areAll = [&]
-        {
-            return std::equal(
-                before.begin(), before.end(), board.connections.begin(), std::less<>());
-        };
         Start();
-        WaitUntil("all have connected anew and found all in order", areAll);
+        WaitUntil("all have connected anew and found all in order",
+                  [&] { return std::ranges::equal(before, board.connections, std::less<>()); });
     }
 
     /// One life in four is too short for most of them.
@@ -209,7 +161,8 @@ protected:
         service->Kill();
     }
 
-    const std::uint32_t seed = FromEnvironment("TVO_SETTINGS_SEED", std::random_device()());
+    const std::uint32_t seed =
+        support::FromEnvironment("TVO_SETTINGS_SEED", std::random_device()());
     std::mt19937 random{seed};
     Board& board = MakeShared<Board>();
 };
@@ -220,36 +173,39 @@ TEST_F(KilledService, HasEveryAcknowledgedWriteAndNoHalfTree)
 {
     std::cout << "seed " << seed << std::endl;
     StartAndWait();
-    ASSERT_TRUE(Child(CreateTop).Succeeds());
-    service->Kill();
-    std::vector<std::unique_ptr<Child>> writers;
-    for (std::size_t i = 0; i < Writers; ++i)
+    const auto createTop = []
     {
-        const auto write = [this, i](const Manager& manager)
+        Map top;
+        for (std::size_t i = 0; i < Writers; ++i)
         {
-            WriteUntilKilled(manager, board, i);
-        };
-        writers.push_back(
-            std::make_unique<Child>([&] { InNewProcesses(board.isStopping, write); }));
-    }
-    const auto read = [this](const Manager& manager)
-    {
-        FollowUntilKilled(manager, board);
+            top[NameOf(i)] = {Map{{"value", {0L}}, {"tree", TreeOf(0)}}};
+        }
+        EXPECT_EQ(As<ISettingsCreator>(Connect()).CreateSetting(Top, {top}), 0);
     };
-    Child reader([&] { InNewProcesses(board.isFinal, read); });
-    for (std::uint32_t left = FromEnvironment("TVO_SETTINGS_ROUNDS", 200); left != 0; --left)
+    ASSERT_TRUE(Child(createTop).Succeeds());
+    service->Kill();
+    std::vector<std::unique_ptr<Child>> workers;
+    for (std::size_t i = 0; i <= Writers; ++i)
+    {
+        workers.push_back(std::make_unique<Child>([this, i] { WorkInNewProcesses(board, i); }));
+    }
+    for (std::uint32_t left = support::FromEnvironment("TVO_SETTINGS_ROUNDS", 200); left != 0;
+         --left)
     {
         LiveForAWhile();
     }
     StartAndWaitForAll();
     board.isStopping = true;
-    for (const auto& writer : writers)
+    for (const auto& worker : workers)
     {
-        EXPECT_TRUE(writer->Succeeds());
+        EXPECT_TRUE(worker->Succeeds());
     }
-    board.isFinal = true;
-    EXPECT_TRUE(reader.Succeeds());
-    for (const auto& [value, tree] : Acknowledged(board))
+    const auto readAtLast = [this]
+    {
+        EXPECT_EQ(Read(Connect()), board.Acknowledged());
+    };
+    EXPECT_TRUE(Child(readAtLast).Succeeds());
+    for (const auto& [value, tree] : board.Acknowledged())
     {
         EXPECT_GT(tree, 0);
         std::cout << value << " rounds of a writer" << std::endl;

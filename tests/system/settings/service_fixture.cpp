@@ -2,7 +2,6 @@
 
 #include <cstdlib>
 
-#include <component/settings_manager/path_to_str.h>
 #include <component/settings_manager/tvo_ipc/create_settings_manager.h>
 #include <component/settings_manager/tvo_ipc/service_names.h>
 
@@ -42,30 +41,4 @@ Manager Connect()
          .reserved = 0},
         manager);
     return manager;
-}
-
-namespace {
-
-struct Observer final : settings_manager::ISettingsUpdateObserver
-{
-    int OnSettingsUpdate(const nvl::Path& path, unsigned char kinds) override
-    {
-        function(fmt::format("{} {}", path, kinds));
-        return 0;
-    }
-
-    std::function<void(const std::string&)> function;
-};
-
-}  // namespace
-
-int Subscribe(const Manager& manager,
-              const nvl::Path& path,
-              std::function<void(const std::string&)> function)
-{
-    const auto observer = std::make_shared<Observer>();
-    observer->function = std::move(function);
-    settings_manager::SubscriptionId sid = 0;
-    auto& subscriber = As<settings_manager::ISettingsUpdateSubscriber>(manager);
-    return subscriber.Subscribe(path, observer, sid);
 }

@@ -47,10 +47,3 @@ Face& As(const Manager& manager)
 {
     return dynamic_cast<Face&>(*manager);
 }
-
-/// Subscribes until the manager ends.
-/// @param function  is called with "path/ kinds"
-/// @returns the code of the subscription
-int Subscribe(const Manager& manager,
-              const nvl::Path& path,
-              std::function<void(const std::string&)> function);

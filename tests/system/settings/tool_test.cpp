@@ -24,13 +24,6 @@ Setting BigTree()
     return {std::move(top)};
 }
 
-void WriteBigTree()
-{
-    const Manager manager = Connect();
-    EXPECT_EQ(As<ISettingsCreator>(manager).CreateSetting(Big, {Map()}), 0);
-    EXPECT_EQ(As<ISettingsSetter>(manager).SetSetting(Big, BigTree()), 0);
-}
-
 void ReadBigTree()
 {
     Setting read;
@@ -46,7 +39,11 @@ class Tool : public ServiceFixture
 TEST_F(Tool, TakesAHundredThousandNodesFromOneServiceToTheNext)
 {
     StartAndWait();
-    ASSERT_TRUE(Child(WriteBigTree).Succeeds());
+    const auto writeBigTree = []
+    {
+        EXPECT_EQ(As<ISettingsCreator>(Connect()).CreateSetting(Big, BigTree()), 0);
+    };
+    ASSERT_TRUE(Child(writeBigTree).Succeeds());
     ASSERT_TRUE(Child(ReadBigTree).Succeeds());
     const std::string dump = RunTool({"dump", "big"});
     std::ofstream(folder / "dump") << dump;

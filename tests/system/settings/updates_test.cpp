@@ -1,11 +1,11 @@
 #include <array>
 #include <atomic>
 #include <csignal>
-#include <fstream>
 
 #include <sys/wait.h>
 
 #include <component/settings_manager/path_to_str.h>
+#include <support/process_figures.h>
 
 #include "service_fixture.h"
 
@@ -62,11 +62,6 @@ protected:
         }
     }
 
-    void StartChild(const std::function<void()>& body)
-    {
-        children.push_back(std::make_unique<Child>(body));
-    }
-
     /// Makes changes in bursts, and waits after each until the first processes have seen it.
     void MakeChanges(std::size_t from, std::size_t to, std::size_t processes)
     {
@@ -93,11 +88,6 @@ protected:
                            [count](const auto& seen) { return seen == count; });
     }
 
-    void WaitForSubscribers(std::size_t count)
-    {
-        WaitUntil("all have subscribed", [&] { return board.subscribers == count; });
-    }
-
     void ExpectEndOfChildren()
     {
         board.isEnd = true;
@@ -107,16 +97,26 @@ protected:
         }
     }
 
-    [[nodiscard]] long ServicePages() const
+    [[nodiscard]] std::size_t ServiceKiB() const
     {
-        long all = 0;
-        long resident = 0;
-        std::ifstream("/proc/" + std::to_string(service->Id()) + "/statm") >> all >> resident;
-        return resident;
+        return support::ReadFigures(service->Id()).residentKiB;
     }
 
     Board& board = MakeShared<Board>();
     std::vector<std::unique_ptr<Child>> children;
+};
+
+struct Observer final : ISettingsUpdateObserver
+{
+    explicit Observer(std::function<void(std::string)> function) : take(std::move(function)) {}
+
+    int OnSettingsUpdate(const nvl::Path& path, unsigned char kinds) override
+    {
+        take(fmt::format("{} {}", path, kinds));
+        return 0;
+    }
+
+    const std::function<void(std::string)> take;
 };
 
 /// Subscribes to these, with a manager for each. @returns what each was told until the end
@@ -129,14 +129,16 @@ std::vector<Updates> Follow(const std::vector<nvl::Path>& paths,
     std::vector<Manager> managers;
     for (std::size_t i = 0; i < paths.size(); ++i)
     {
-        const auto take = [&, &told = updates[i]](const std::string& update)
+        const auto take = [&, &told = updates[i]](std::string update)
         {
             WaitUntil("the observer may go on", [&] { return !isStuck || board.isFree; });
-            told.push_back(update);
+            told.push_back(std::move(update));
             ++board.seen.at(process);
         };
         managers.push_back(Connect());
-        EXPECT_EQ(Subscribe(managers.back(), paths[i], take), 0);
+        SubscriptionId sid = 0;
+        auto& subscriber = As<ISettingsUpdateSubscriber>(managers.back());
+        EXPECT_EQ(subscriber.Subscribe(paths[i], std::make_shared<Observer>(take), sid), 0);
         ++board.subscribers;
     }
     WaitUntil("the test is over", [&] { return board.isEnd.load(); });
@@ -171,9 +173,9 @@ TEST_F(UpdatesOfService, ReachEachOfAHundredSubscribersOnceAndInOrder)
     };
     for (std::size_t i = 0; i < Processes; ++i)
     {
-        StartChild([&, i] { follow(i); });
+        children.push_back(std::make_unique<Child>([&, i] { follow(i); }));
     }
-    WaitForSubscribers(Processes * Trees);
+    WaitUntil("all have subscribed", [&] { return board.subscribers == Processes * Trees; });
     MakeChanges(0, Changes, Processes);
     ExpectEndOfChildren();
 }
@@ -181,7 +183,7 @@ TEST_F(UpdatesOfService, ReachEachOfAHundredSubscribersOnceAndInOrder)
 TEST_F(UpdatesOfService, AreJoinedForThoseWhoDoNotTakeThemAndHinderNobody)
 {
     constexpr std::size_t Changes = 40'000;
-    constexpr long MostGrowth = 128;  // pages
+    constexpr std::size_t MostGrowthKiB = 512;
     const auto followStuck = [this](std::size_t process)
     {
         const Updates updates = Follow({nvl::Root}, process, board, true).front();
@@ -189,19 +191,24 @@ TEST_F(UpdatesOfService, AreJoinedForThoseWhoDoNotTakeThemAndHinderNobody)
         EXPECT_THAT(" 15", testing::AnyOf(updates[0], updates[1])) << "one may have gone before";
         EXPECT_EQ(updates.back(), UpdateOf(Changes)) << "a change after all was taken";
     };
-    StartChild([this]
-               { ExpectEach(Follow({nvl::Root}, 0, board, false).front(), 0, 1, Changes + 1); });
-    StartChild([&] { followStuck(1); });
-    StartChild([&] { followStuck(2); });
-    WaitForSubscribers(3);
+    const auto follow = [this](std::size_t process)
+    {
+        ExpectEach(Follow({nvl::Root}, process, board, false).front(), 0, 1, Changes + 1);
+    };
+    for (std::size_t i = 0; i < 3; ++i)
+    {
+        children.push_back(
+            std::make_unique<Child>([&, i] { i == 0 ? follow(i) : followStuck(i); }));
+    }
+    WaitUntil("all have subscribed", [&] { return board.subscribers == 3; });
     const pid_t stopped = children.back()->Id();
     ::kill(stopped, SIGSTOP);
     ::waitpid(stopped, nullptr, WUNTRACED);
 
     MakeChanges(0, 2 * Burst, 1);
-    const long pages = ServicePages();
+    const std::size_t before = ServiceKiB();
     MakeChanges(2 * Burst, Changes, 1);
-    EXPECT_LT(ServicePages(), pages + MostGrowth);
+    EXPECT_LT(ServiceKiB(), before + MostGrowthKiB);
     EXPECT_TRUE(AreSeen(0, 1, 3));
 
     board.isFree = true;

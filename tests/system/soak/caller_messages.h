@@ -1,37 +1,35 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
-/// What the driver and the program that keeps its callers say to each other, one packet each.
 namespace soak {
 
-enum class Order : std::uint32_t
+/// What a caller tells, a letter each, and how its process ends.
+enum class Event : char
 {
-    Start,
-    Kill,
+    Connected = 'c',  ///< the request follows at once
+    Approved = 'a',
+    Closed = 'x',
+    Failed = 'f',  ///< the service was not there, or went before it answered
+    Ended = 'e',   ///< the process, by itself
+    Killed = 'k',  ///< the process, by a signal
 };
 
-struct OrderPacket
-{
-    Order order = Order::Start;
-    std::uint32_t number = 0;
-};
+/// How many digits an address has: enough for a week of callers.
+inline constexpr std::size_t AddressDigits = 7;
 
-enum class Event : std::uint32_t
+/// The address that stands for a number. Underscores keep the digits apart in the picture: they lie
+/// below them, and are as far from a 7 as from any other digit, which blanks are not.
+inline std::string AddressOf(std::uint32_t number)
 {
-    Connected,  ///< the request follows at once
-    Approved,
-    Closed,
-    Failed,   ///< the service was not there, or went before it answered
-    Ended,    ///< the process, by itself
-    Killed,   ///< the process, as ordered
-    Crashed,  ///< the process, in any other way
-};
-
-struct Report
-{
-    Event event = Event::Failed;
-    std::uint32_t number = 0;
-};
+    std::string address;
+    for (std::size_t place = 0; place < AddressDigits; ++place, number /= 10)
+    {
+        address.insert(0, {static_cast<char>('0' + number % 10), '_'});
+    }
+    address.pop_back();
+    return address;
+}
 
 }  // namespace soak

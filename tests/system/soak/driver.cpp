@@ -2,7 +2,6 @@
 
 #include <csignal>
 #include <stdexcept>
-#include <string>
 
 #include <linux/input-event-codes.h>
 
@@ -28,6 +27,27 @@ const std::vector<Answer> Answers = {
 
 }  // namespace
 
+void Driver::TakeReportsUntil(const std::function<bool()>& holds)
+{
+    const auto takeAndLook = [&]
+    {
+        TakeReports();
+        return holds();
+    };
+    if (!support::Comes(takeAndLook))
+    {
+        throw std::runtime_error("The callers do not end");
+    }
+}
+
+void Driver::TakeReports()
+{
+    while (const auto report = m_callers.Take())
+    {
+        m_ledger.Take(*report);
+    }
+}
+
 Driver::Driver(std::uint32_t seed) : m_random(seed)
 {
     for (std::uint32_t digit = 0; digit < Digits; ++digit)
@@ -43,11 +63,8 @@ void Driver::Answer(int dialogs)
 {
     for (; dialogs > 0; --dialogs)
     {
-        // Also takes in what the application has written, lest it wait for room in its pipe.
-        if (!Application().Runs())
-        {
-            throw std::runtime_error("The application has gone:\n" + Application().Errors());
-        }
+        // Takes in what has been written, lest anybody wait for room in the pipe.
+        static_cast<void>(m_terminal.Manager().Program().Runs());
         FillUp();
         AnswerNext();
     }
@@ -66,31 +83,25 @@ void Driver::Drain()
     }
 }
 
-void Driver::RestartApplication()
+void Driver::KillApplication()
 {
     FillUp();
     m_person.WaitForNumber();
-    while (!m_ledger.AreAllConnected())
-    {
-        TakeReport();
-    }
+    TakeReportsUntil([this] { return m_ledger.AreAllConnected(); });
     m_ledger.EndApplication();
-    kill(Application().Id(), HappensOnceIn(2) ? SIGTERM : SIGKILL);
-    while (!m_ledger.Alive().empty())
-    {
-        TakeReport();
-    }
-    static_cast<void>(Application().ExitStatus());
+    const pid_t former = m_terminal.Approver();
+    kill(former, HappensOnceIn(2) ? SIGTERM : SIGKILL);
+    TakeReportsUntil([this] { return m_ledger.Alive().empty(); });
     if (HappensOnceIn(2))
     {
         FillUp();
     }
-    m_terminal.StartApprover();
+    m_terminal.WaitForNextApprover(former);
 }
 
-support::Process& Driver::Application()
+support::TerminalSession& Driver::Terminal()
 {
-    return m_terminal.Approver();
+    return m_terminal;
 }
 
 const Ledger::Counts& Driver::Sum() const
@@ -116,12 +127,9 @@ void Driver::StartCaller(std::uint32_t number)
 
 void Driver::FillUp()
 {
-    TakeReports();
     // With all pressed for or killed, and none of them gone yet, nobody is left to wait for.
-    while (m_ledger.Alive().size() == CallersAtATime && !m_ledger.IsAnyWaiting())
-    {
-        TakeReport();
-    }
+    TakeReportsUntil(
+        [this] { return m_ledger.Alive().size() < CallersAtATime || m_ledger.IsAnyWaiting(); });
     for (std::size_t count = m_ledger.Alive().size(); count < CallersAtATime; ++count)
     {
         StartCaller(++m_lastStarted);
@@ -131,13 +139,13 @@ void Driver::FillUp()
 void Driver::AnswerNext()
 {
     const std::uint32_t shown = m_person.WaitForNumber();
-    if (HappensOnceIn(16))
+    for (const auto& [times, number] : {std::pair(16, AnyAlive()), std::pair(24, shown)})
     {
-        KillAndWait(AnyAlive());
-    }
-    if (HappensOnceIn(24))
-    {
-        KillAndWait(shown);
+        if (HappensOnceIn(times))
+        {
+            Kill(number);
+            TakeReportsUntil([this, number = number] { return !m_ledger.IsAlive(number); });
+        }
     }
     PressFor(shown);
     if (HappensOnceIn(16))
@@ -148,25 +156,16 @@ void Driver::AnswerNext()
 
 void Driver::AnswerAll()
 {
-    while (!m_ledger.Alive().empty())
+    for (; m_ledger.IsAnyWaiting(); TakeReports())
     {
-        if (m_ledger.IsAnyWaiting())
-        {
-            PressFor(m_person.WaitForNumber());
-            TakeReports();
-        }
-        else
-        {
-            TakeReport();
-        }
+        PressFor(m_person.WaitForNumber());
     }
+    TakeReportsUntil([this] { return m_ledger.Alive().empty(); });
 }
 
 void Driver::PressFor(std::uint32_t number)
 {
-    const auto last = static_cast<int>(Answers.size()) - 1;
-    const auto choice = std::uniform_int_distribution(0, last)(m_random);
-    const auto& answer = Answers.at(static_cast<std::size_t>(choice));
+    const auto& answer = Answers[m_random() % Answers.size()];
     m_ledger.Press(number, answer.meant);
     ++m_answered;
     m_person.Press(number, answer.keys);
@@ -181,39 +180,11 @@ void Driver::Kill(std::uint32_t number)
     }
 }
 
-void Driver::KillAndWait(std::uint32_t number)
-{
-    Kill(number);
-    while (m_ledger.IsAlive(number))
-    {
-        TakeReport();
-    }
-}
-
 std::uint32_t Driver::AnyAlive()
 {
     const auto alive = m_ledger.Alive();
-    std::uniform_int_distribution<std::size_t> index(0, alive.size());
-    const auto chosen = index(m_random);
+    const std::size_t chosen = m_random() % (alive.size() + 1);
     return chosen < alive.size() ? alive[chosen] : 0;
-}
-
-void Driver::TakeReport()
-{
-    const auto report = m_callers.Take(support::Patience);
-    if (!report)
-    {
-        throw std::runtime_error("The callers do not end");
-    }
-    m_ledger.Take(*report);
-}
-
-void Driver::TakeReports()
-{
-    while (const auto report = m_callers.Take({}))
-    {
-        m_ledger.Take(*report);
-    }
 }
 
 }  // namespace soak

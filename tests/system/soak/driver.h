@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <random>
 
 #include <support/terminal_session.h>
@@ -26,10 +27,10 @@ public:
     /// Lets no caller in until all have been answered and no dialog can come any more.
     void Drain();
 
-    /// Ends the application while callers wait and a dialog is up, and starts it again.
-    void RestartApplication();
+    /// Kills the application while callers wait and a dialog is up, until it is there again.
+    void KillApplication();
 
-    [[nodiscard]] support::Process& Application();
+    [[nodiscard]] support::TerminalSession& Terminal();
     /// Dialogs so far, whether their callers lived to hear the answer or not.
     [[nodiscard]] int Answered() const;
     [[nodiscard]] const Ledger::Counts& Sum() const;
@@ -42,14 +43,15 @@ private:
     void AnswerAll();
     void PressFor(std::uint32_t number);
     void Kill(std::uint32_t number);
-    void KillAndWait(std::uint32_t number);
     std::uint32_t AnyAlive();
-    void TakeReport();
+    /// Takes all that are there.
     void TakeReports();
+    /// Takes reports until it holds. @throws std::runtime_error when none comes any more
+    void TakeReportsUntil(const std::function<bool()>& holds);
 
     std::mt19937 m_random;
     support::TerminalSession m_terminal;
-    CallerPool m_callers{m_terminal.Folder()};
+    CallerPool m_callers;
     Person m_person{m_terminal};
     Ledger m_ledger;
     std::uint32_t m_lastStarted = 0;

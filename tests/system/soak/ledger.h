@@ -6,7 +6,7 @@
 #include <set>
 #include <vector>
 
-#include "caller_messages.h"
+#include "caller_pool.h"
 
 namespace soak {
 

@@ -1,8 +1,6 @@
 #include "number_reader.h"
 
 #include <algorithm>
-#include <cstring>
-#include <string>
 
 #include <support/picture.h>
 
@@ -15,40 +13,24 @@ namespace {
 /// Of the lines that hold digits, without those below that hold underscores.
 constexpr int Height = 10;
 
-bool HasInk(const QImage& screen, int column, int top)
-{
-    for (int y = top; y < top + Height; ++y)
-    {
-        if (screen.pixel(column, y) != PanelGrey)
-        {
-            return true;
-        }
-    }
-    return false;
-}
-
 /// The first column from here on that has ink, or has none.
-int NextColumn(const QImage& screen, int column, int top, bool ink)
+int NextColumn(const QImage& screen, QPoint from, bool ink)
 {
-    while (column < screen.width() && HasInk(screen, column, top) != ink)
+    const auto hasInk = [&](int x)
     {
-        ++column;
-    }
-    return column;
-}
-
-bool Shows(const QImage& screen, const QRect& place, const QImage& digit)
-{
-    const auto bytes = static_cast<std::size_t>(place.width()) * sizeof(QRgb);
-    for (int y = 0; y < place.height(); ++y)
-    {
-        const auto* row = reinterpret_cast<const QRgb*>(screen.constScanLine(place.top() + y));
-        if (std::memcmp(row + place.left(), digit.constScanLine(y), bytes) != 0)
+        int y = from.y();
+        while (y < from.y() + Height && screen.pixel(x, y) == PanelGrey)
         {
-            return false;
+            ++y;
         }
+        return y < from.y() + Height;
+    };
+    int x = from.x();
+    while (x < screen.width() && hasInk(x) != ink)
+    {
+        ++x;
     }
-    return true;
+    return x;
 }
 
 }  // namespace
@@ -64,13 +46,15 @@ bool NumberReader::Learn(std::uint32_t digit, const QImage& screen)
     {
         return false;
     }
-    if (digit == 0)
+    QPoint from = *ink;
+    for (Place& place : m_places)
     {
-        FindPlaces(screen, *ink);
-    }
-    for (std::size_t place = 0; place < AddressDigits; ++place)
-    {
-        m_digits[place].push_back(screen.copy(m_places[place]));
+        // A place begins and ends in the blank columns before and behind its digit.
+        const int begin = NextColumn(screen, from, true);
+        from.setX(NextColumn(screen, {begin, from.y()}, false));
+        place.rect =
+            digit == 0 ? QRect(begin - 2, from.y(), from.x() - begin + 4, Height) : place.rect;
+        place.digits.push_back(screen.copy(place.rect));
     }
     return true;
 }
@@ -78,41 +62,21 @@ bool NumberReader::Learn(std::uint32_t digit, const QImage& screen)
 std::optional<std::uint32_t> NumberReader::Read(const QImage& screen) const
 {
     std::uint32_t number = 0;
-    for (std::size_t place = 0; place < AddressDigits; ++place)
+    for (const Place& place : m_places)
     {
-        const auto& digits = m_digits[place];
-        const auto digit = std::ranges::find_if(
-            digits, [&](const QImage& known) { return Shows(screen, m_places[place], known); });
-        if (digit == digits.end())
+        const auto digit = std::ranges::find(place.digits, screen.copy(place.rect));
+        if (digit == place.digits.end())
         {
             return std::nullopt;
         }
-        number = number * 10 + static_cast<std::uint32_t>(digit - digits.begin());
+        number = number * 10 + static_cast<std::uint32_t>(digit - place.digits.begin());
     }
     return number;
-}
-
-/// A place begins and ends in the blank columns before and behind its digit.
-void NumberReader::FindPlaces(const QImage& screen, QPoint inkBegin)
-{
-    const int top = inkBegin.y();
-    int column = inkBegin.x();
-    for (QRect& place : m_places)
-    {
-        const int begin = NextColumn(screen, column, top, true);
-        column = NextColumn(screen, begin, top, false);
-        place = QRect(begin - 2, top, column - begin + 4, Height);
-    }
 }
 
 std::uint32_t NumberOfDigit(std::uint32_t digit)
 {
-    std::uint32_t number = 0;
-    for (std::size_t place = 0; place < AddressDigits; ++place)
-    {
-        number = number * 10 + digit;
-    }
-    return number;
+    return static_cast<std::uint32_t>(std::stoul(std::string(AddressDigits, "0123456789"[digit])));
 }
 
 }  // namespace soak

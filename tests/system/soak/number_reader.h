@@ -7,7 +7,7 @@
 
 #include <QImage>
 
-#include "address.h"
+#include "caller_messages.h"
 
 namespace soak {
 
@@ -25,10 +25,13 @@ public:
     [[nodiscard]] std::optional<std::uint32_t> Read(const QImage& screen) const;
 
 private:
-    void FindPlaces(const QImage& screen, QPoint inkBegin);
+    struct Place
+    {
+        QRect rect;
+        std::vector<QImage> digits;
+    };
 
-    std::array<QRect, AddressDigits> m_places;
-    std::array<std::vector<QImage>, AddressDigits> m_digits;
+    std::array<Place, AddressDigits> m_places;
 };
 
 /// @returns the number whose address is this digit again and again.

@@ -49,8 +49,8 @@ void Person::WaitFor(const std::function<bool(const QImage&)>& accepts)
     if (!m_terminal.Display().WaitForScreen(accepts))
     {
         m_terminal.Display().Screen().save("unexpected.png");
-        throw std::runtime_error("No dialog, see unexpected.png; the application wrote:\n" +
-                                 m_terminal.Approver().Errors());
+        throw std::runtime_error("No dialog, see unexpected.png; the terminal wrote:\n" +
+                                 m_terminal.Manager().Log());
     }
 }
 

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <stdexcept>
-#include <thread>
 
 using support::TextStyle;
 
@@ -44,13 +42,18 @@ CertificateSpec Named(const std::string& commonName)
             .notAfter = "20260101000000Z"};
 }
 
-ApprovalFixture::ApprovalFixture(const std::string& language) : terminal(language) {}
+ApprovalFixture::ApprovalFixture(const support::TerminalSetup& setup) : terminal(setup) {}
+
+void ApprovalFixture::TearDown()
+{
+    EXPECT_EQ(terminal.Manager().End(), "");
+}
 
 ApprovalFixture::Caller ApprovalFixture::Ask(const CertificateSpec& spec,
                                              std::vector<std::string> arguments)
 {
     arguments.emplace_back("-");
-    return terminal.Ask(arguments, MakeCertificate(spec).Pem());
+    return support::StartCaller(arguments, MakeCertificate(spec).Pem());
 }
 
 testing::AssertionResult ApprovalFixture::DialogShows(const std::string& value)
@@ -68,8 +71,8 @@ testing::AssertionResult ApprovalFixture::DialogShows(const std::string& value)
     }
     display.Screen().save("unexpected.png");
     return testing::AssertionFailure()
-           << value << " is not shown, see unexpected.png; the application wrote:\n"
-           << terminal.Approver().Errors();
+           << value << " is not shown, see unexpected.png; the terminal wrote:\n"
+           << terminal.Manager().Log();
 }
 
 ApprovalFixture::Caller ApprovalFixture::AskAndWait(const std::string& commonName)
@@ -81,33 +84,26 @@ ApprovalFixture::Caller ApprovalFixture::AskAndWait(const std::string& commonNam
 
 namespace {
 
-std::size_t CountSockets(pid_t process)
+auto CountSockets(pid_t process)
 {
-    std::size_t count = 0;
     const auto folder = std::filesystem::path("/proc") / std::to_string(process) / "fd";
-    for (const auto& entry : std::filesystem::directory_iterator(folder))
+    const auto isSocket = [](const auto& entry)
     {
         std::error_code gone;
-        count += std::filesystem::read_symlink(entry, gone).string().starts_with("socket:") ? 1 : 0;
-    }
-    return count;
+        return std::filesystem::read_symlink(entry, gone).string().starts_with("socket:");
+    };
+    const std::filesystem::directory_iterator all(folder);
+    return std::count_if(begin(all), end(all), isSocket);
 }
 
 }  // namespace
 
 ApprovalFixture::Caller ApprovalFixture::AskBehind(const std::string& commonName)
 {
-    const pid_t approver = terminal.Approver().Id();
-    const std::size_t before = CountSockets(approver);
+    const pid_t approver = terminal.Approver();
+    const auto before = CountSockets(approver);
     Caller caller = Ask(Named(commonName));
-    const auto deadline = std::chrono::steady_clock::now() + support::Patience;
-    while (CountSockets(approver) == before)
-    {
-        if (std::chrono::steady_clock::now() > deadline)
-        {
-            throw std::runtime_error("The service does not take the connection of " + commonName);
-        }
-        std::this_thread::yield();
-    }
+    EXPECT_TRUE(support::Comes([&] { return CountSockets(approver) > before; }))
+        << "The service does not take the connection of " << commonName;
     return caller;
 }

@@ -39,7 +39,10 @@ CertificateSpec Named(const std::string& commonName);
 class ApprovalFixture : public testing::Test
 {
 protected:
-    explicit ApprovalFixture(const std::string& language = "en-US");
+    explicit ApprovalFixture(const support::TerminalSetup& setup = {});
+
+    /// Ends the terminal and looks for what is left of it.
+    void TearDown() override;
 
     using Caller = std::unique_ptr<support::Process>;
 

@@ -1,3 +1,5 @@
+#include <csignal>
+
 #include <linux/input-event-codes.h>
 
 #include "approval_fixture.h"
@@ -16,6 +18,9 @@ constexpr char PersianDigits[] = "۰۱.۰۱.۲۰۲۵ ۰۰:۰۰ - ۰۱.۰۱.۲۰�
 class ApprovalSettings : public ApprovalFixture
 {
 protected:
+    /// The application stays when the service goes.
+    ApprovalSettings() : ApprovalFixture({.application = "needs = []\n"}) {}
+
     /// Asks, looks at the dialog and approves.
     void ExpectDialog(const char* title, const char* validity)
     {
@@ -32,19 +37,21 @@ protected:
 TEST_F(ApprovalSettings, GiveDatesAtEachShowingAndTextsAtTheStart)
 {
     ExpectDialog(English, Digits);
-    terminal.Settings().SetLanguage("fa-IR");
+    terminal.Manager().SetLanguage("fa-IR");
     ExpectDialog(English, PersianDigits);
-    terminal.Settings().SetLanguage("pt-BR");
+    terminal.Manager().SetLanguage("pt-BR");
     ExpectDialog(English, Digits);
-    terminal.StartApprover();
+    terminal.RestartApprover();
     ExpectDialog(Portuguese, Digits);
 }
 
 TEST_F(ApprovalSettings, AreNotNeededByADialog)
 {
-    terminal.Settings().SetLanguage("fa-IR");
+    terminal.Manager().SetLanguage("fa-IR");
     ExpectDialog(English, PersianDigits);
-    terminal.Settings().Service().Kill();
+    const auto service = static_cast<pid_t>(terminal.Manager().StatusOf("settings").pid);
+    kill(service, SIGKILL);
+    terminal.Manager().WaitUntilReady("settings", service);
     ExpectDialog(English, Digits);
     ExpectDialog(English, Digits);
 }

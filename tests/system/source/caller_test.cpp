@@ -37,12 +37,10 @@ const BadCall BadCalls[] = {
 
 TEST(CallerWithoutTerminal, SaysInOneLineWhatIsWrong)
 {
-    const QTemporaryDir folder;
     for (const BadCall& call : BadCalls)
     {
         SCOPED_TRACE(call.name);
-        const auto caller =
-            support::StartCaller(folder.path().toStdString(), call.arguments, call.input);
+        const auto caller = support::StartCaller(call.arguments, call.input);
         EXPECT_EQ(caller->ExitStatus(), call.status);
         EXPECT_EQ(caller->Output(), "");
         EXPECT_THAT(caller->Errors(), MatchesRegex(OneLine));
@@ -87,7 +85,7 @@ protected:
     {
         const auto folder = terminal.Folder() / "saved";
         std::filesystem::create_directory(folder);
-        Caller caller = terminal.Ask({"--json", "--connect", address, "--save", folder});
+        Caller caller = support::StartCaller({"--json", "--connect", address, "--save", folder});
         EXPECT_TRUE(DialogShows("CN=tls.example")) << caller->Errors();
         EXPECT_TRUE(support::FindText(display.Screen(), address, PanelValue()));
         display.PressKey(key);

@@ -4,8 +4,6 @@
 
 namespace {
 
-using testing::MatchesRegex;
-
 class ConcurrentCallers : public ApprovalFixture
 {
 protected:
@@ -53,19 +51,6 @@ TEST_F(ConcurrentCallers, NobodyIsAskedForOneThatWasKilledWhileItWaited)
     Answer(*last, KEY_ENTER, "approve\n");
     EXPECT_TRUE(display.WaitForNoToplevel());
     EXPECT_EQ(display.Showings(), 2);
-}
-
-TEST_F(ConcurrentCallers, AllHearOfTheEndOfTheService)
-{
-    const auto shown = AskAndWait("shown.example");
-    const auto waiting = AskBehind("waiting.example");
-    terminal.Approver().Kill();
-    for (support::Process* caller : {shown.get(), waiting.get()})
-    {
-        EXPECT_EQ(caller->ExitStatus(), 4);
-        EXPECT_EQ(caller->Output(), "");
-        EXPECT_THAT(caller->Errors(), MatchesRegex("cert_approve: [^\n]+\n"));
-    }
 }
 
 }  // namespace

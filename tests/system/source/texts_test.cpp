@@ -122,13 +122,14 @@ std::string GroupedFingerprint(const std::string& digits)
 class TextsInEachLanguage : public ApprovalFixture, public testing::WithParamInterface<Language>
 {
 protected:
-    TextsInEachLanguage() : ApprovalFixture(GetParam().code) {}
+    TextsInEachLanguage() : ApprovalFixture({.language = GetParam().code}) {}
 };
 
 TEST_P(TextsInEachLanguage, AreThoseOfTheTable)
 {
     const auto certificate = MakeCertificate(Named("server.example"));
-    const auto caller = terminal.Ask({"--address", "192.0.2.1:8443", "-"}, certificate.Pem());
+    const auto caller =
+        support::StartCaller({"--address", "192.0.2.1:8443", "-"}, certificate.Pem());
     ASSERT_TRUE(DialogShows("CN=server.example"));
     const QImage screen = display.Screen();
     for (std::size_t i = 0; i < std::size(Styles); ++i)
@@ -209,7 +210,7 @@ TEST_F(CallersTexts, ThatOverflowEveryLimitStayInTheirPanel)
                                         {"O", "many words " + std::string(500, '-')}};
     spec.notAfter = "99991231235959Z";
     const auto certificate = MakeCertificate(spec);
-    caller = terminal.Ask({"--address", std::string(1000, 'A'), "-"}, certificate.Pem());
+    caller = support::StartCaller({"--address", std::string(1000, 'A'), "-"}, certificate.Pem());
     ASSERT_TRUE(DialogShows(GroupedFingerprint(certificate.Sha256())));
     const QImage overflowing = display.Screen();
     EXPECT_TRUE(FindText(overflowing, "01.01.2025 00:00 - 31.12.9999 23:59", PanelValue()));

@@ -4,19 +4,23 @@
 #include <memory>
 #include <string>
 #include <utility>
-#include <vector>
 
 #include <QGuiApplication>
 #include <QQmlApplicationEngine>
+#include <fmt/format.h>
 
+#include <component/app_manager/create_application_status.h>
 #include <component/cert_approver/tvo_ipc/cert_approver_dispatcher.h>
-#include <component/cert_approver/tvo_ipc/cert_approver_stub.h>
 #include <component/cert_approver/tvo_ipc/service_names.h>
 #include <component/logger/logger.h>
 #include <component/plk/exceptions.h>
 #include <component/plk/process_exception.h>
 #include <component/plk/result_code_text.h>
 #include <shared/common_utils/app_utils/get_app_name.h>
+#include <shared/common_utils_ui/app_commands_handler/app_commands_window_handler.h>
+#include <shared/common_utils_ui/app_shutdown/qt_app_shutdown.h>
+#include <shared/common_utils_ui/qt_ui_task_executor.h>
+#include <shared/common_utils_ui/watchdog/application_watchdog.h>
 #include <shared/common_utils_ui/window/window_resizer.h>
 
 #include "business/cert_approver_request_handler.h"
@@ -31,6 +35,8 @@ namespace cert_approver {
 
 namespace {
 
+using app_manager::IApplicationManager;
+using app_manager::IApplicationStatus;
 using windows::components::IWindow;
 
 using Dispatcher = stub::CertApproverDispatcher;
@@ -51,23 +57,48 @@ void UseUtf8()
     }
 }
 
-std::shared_ptr<IWindow> MakeWindow(OsApplication& application)
+/// Runs the event loop, and carries out the manager's commands meanwhile.
+int FollowCommands(std::string_view appName,
+                   IApplicationManager& manager,
+                   std::shared_ptr<IWindow> window,
+                   IApplicationStatus& status)
 {
-    const auto factory = application.Factory();
-    TVO_LOG_TRACE("[main] cert_approver::OsApplication created window factory");
-    auto window = factory->CreateWindow();
-    TVO_LOG_TRACE("[main] cert_approver::ui::WindowFactory is created window");
-    return window;
+    using namespace vdi::common_utils_ui;
+
+    const auto commands = manager.GetApplicationCommands();
+    const auto executor = std::make_shared<::common::utils::QtUiTaskExecutor>();
+    const auto shutdown = std::make_shared<app_shutdown::QtAppShutdown>(executor);
+    app_commands_handler::AppCommandsWindowHandler commandHandler(
+        appName,
+        commands,
+        std::dynamic_pointer_cast<app_manager::ICommandChangedSubscriber>(commands),
+        std::move(window),
+        executor,
+        shutdown);
+
+    TVO_LOG_INFO("[main] CertApprover is ready");
+    status.ReadyToShowUI();
+    commandHandler.StartProcessing();
+    const int result = QGuiApplication::exec();
+
+    TVO_LOG_INFO("[main] CertApprover stopped with code {}", result);
+    status.ReadyToShutdown();
+    return result;
 }
 
-/// Opens the service and runs the event loop. Calls may arrive from the middle on: they are queued
-/// to the loop, which shows them once it runs.
-int Serve(const OsApplication& application, std::shared_ptr<IWindow> window)
+/// Opens the service. Calls may arrive from the start of the dispatcher on: they are queued to the
+/// event loop, which shows them once it runs.
+int Serve(std::string_view appName,
+          IApplicationManager& manager,
+          const OsApplication& application,
+          const std::shared_ptr<IWindow>& window,
+          const Creators& creators,
+          IApplicationStatus& status)
 {
     PublishEntity();
     const auto handler = std::make_shared<CertApproverRequestHandler>(
-        application.GetCertDataInteractor(), application.GetVerdictInteractor(), std::move(window));
-    const auto component = stub::CreateCertApproverComponent(handler);
+        application.GetCertDataInteractor(), application.GetVerdictInteractor(), window);
+    const auto component = creators.createComponent(handler);
     const ServiceRegistration registration(service_names::ConnectionId);
     Dispatcher dispatcher(
         service_names::Riid, registration.Handle(), ReceiveTimeoutMs, component->GetComponent());
@@ -79,29 +110,20 @@ int Serve(const OsApplication& application, std::shared_ptr<IWindow> window)
     dispatcher.Start();
     connectionManager->Start();
     TVO_LOG_TRACE("[main] Show CertApprover window");
-    TVO_LOG_INFO("[main] CertApprover is ready");
-    const int status = QGuiApplication::exec();
-    TVO_LOG_INFO("[main] CertApprover stopped with code {}", status);
-    return status;
+    return FollowCommands(appName, manager, window, status);
 }
 
-int Run(int& argc, char** argv, SettingsManagerCreator createSettingsManager)
+/// Makes the application and its hidden window.
+int RunApplication(std::string_view appName,
+                   IApplicationManager& manager,
+                   const Creators& creators,
+                   IApplicationStatus& status)
 {
-    std::vector<const char*> arguments(argv, argv + argc);
-    [[maybe_unused]] const auto appName =
-        ::common_utils::app_utils::GetAppNameOrDefault(argc, arguments.data(), DefaultAppName);
-    OsApplication::SetupLogger();
-    TVO_LOG_INFO("[main] CertApprover is starting...");
-
-    const QGuiApplication qtApplication(argc, argv);
-    UseUtf8();
-    TVO_LOG_TRACE("[main] QGuiApplication is created");
     RegisterQml();
-
     const auto windowResizer = vdi::common_utils_ui::window::CreateWindowResizer();
     QQmlApplicationEngine engine;
     std::shared_ptr<settings_manager::ISettingsManager> settingsManager;
-    ZIN_CHECK_RESULT(createSettingsManager(settingsManager),
+    ZIN_CHECK_RESULT(creators.createSettingsManager(settingsManager),
                      "Failed to create persistent settings manager");
     OsApplication application(QString::fromLatin1(QtAppName),
                               std::move(settingsManager),
@@ -111,24 +133,69 @@ int Run(int& argc, char** argv, SettingsManagerCreator createSettingsManager)
     application.installTranslator();
     TVO_LOG_TRACE("[main] cert_approver::OsApplication translation installed");
 
-    return Serve(application, MakeWindow(application));
+    const auto windowFactory = application.Factory();
+    TVO_LOG_TRACE("[main] cert_approver::OsApplication created window factory");
+    const auto window = windowFactory->CreateWindow();
+    TVO_LOG_TRACE("[main] cert_approver::ui::WindowFactory is created window");
+    return Serve(appName, manager, application, window, creators, status);
+}
+
+/// @param status  receives the manager's ear as soon as there is one
+int Run(int& argc,
+        char** argv,
+        std::string_view appName,
+        const Creators& creators,
+        std::shared_ptr<IApplicationStatus>& status)
+{
+    const auto manager = creators.createApplicationManager(appName);
+    ZIN_CHECK(manager != nullptr, "App manager in null");
+    status = app_manager::CreateApplicationStatusSPtr(appName, manager->GetApplicationController());
+    ZIN_CHECK(status != nullptr, "App status is nullptr");
+    status->ReadyToInitialize();
+
+    OsApplication::SetupLogger();
+    TVO_LOG_INFO("[main] CertApprover is starting...");
+    const QGuiApplication qtApplication(argc, argv);
+    UseUtf8();
+    TVO_LOG_TRACE("[main] QGuiApplication is created");
+    const auto watchdog = vdi::common_utils_ui::watchdog::CreateWatchdog(manager, appName);
+    return RunApplication(appName, *manager, creators, *status);
+}
+
+/// To be called in a handler.
+/// @param status  null as long as there is none
+void ReportFailure(std::string_view appName, IApplicationStatus* status)
+{
+    const auto [code, message] = plk::utils::ProcessException();
+    const auto error = plk::zinx::ResultCodeText(code);
+    TVO_LOG_CRITICAL("[main] CertApprover start with error: {} with result: {}", error, message);
+    if (status == nullptr)
+    {
+        return;
+    }
+    const auto summary = fmt::format("Failed to start {}", appName);
+    const auto description = fmt::format("Failed to start {}: {}", appName, error);
+    status->FinishWithInternalError(summary, description);
+    TVO_LOG_ERROR("App {} crashed with error: {} - {}", appName, summary, description);
 }
 
 }  // namespace
 
-int RunCertApprover(int argc, char** argv, SettingsManagerCreator createSettingsManager)
+int RunCertApprover(int argc, char** argv, const Creators& creators)
 {
     UseUtf8();
+    const char* firstArgument = argv[0];
+    const auto appName =
+        ::common_utils::app_utils::GetAppNameOrDefault(argc, &firstArgument, DefaultAppName);
+    // Outlives all that can fail, so that the manager is told of it.
+    std::shared_ptr<IApplicationStatus> status;
     try
     {
-        return Run(argc, argv, createSettingsManager);
+        return Run(argc, argv, appName, creators, status);
     }
     catch (...)
     {
-        const auto [code, message] = plk::utils::ProcessException();
-        TVO_LOG_CRITICAL("[main] CertApprover start with error: {} with result: {}",
-                         plk::zinx::ResultCodeText(code),
-                         message);
+        ReportFailure(appName, status.get());
         return FailureStatus;
     }
 }

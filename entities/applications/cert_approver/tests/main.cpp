@@ -10,5 +10,6 @@ int main(int argc, char** argv)
     qputenv("FONTCONFIG_FILE", TVO_TEST_FONTS);
     qputenv("TZ", "UTC");
     testing::InitGoogleMock(&argc, argv);
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
     return RUN_ALL_TESTS();
 }

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <chrono>
+#include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -14,6 +16,12 @@ namespace support {
 /// How long a test waits for something that is going to happen. Long enough for a loaded machine
 /// and sanitizers, since a test that passes never waits it out.
 inline constexpr std::chrono::seconds Patience{30};
+
+/// Waits until others have brought it about. @returns false when the time is up
+[[nodiscard]] bool Comes(const std::function<bool()>& condition);
+
+/// @returns the number that the variable holds, or the other one where it is not set
+[[nodiscard]] std::uint32_t FromEnvironment(const char* name, std::uint32_t otherwise);
 
 /// A child process whose output is kept. The destructor kills it; it also dies with the thread that
 /// started it, which is the only one that may use the object.
