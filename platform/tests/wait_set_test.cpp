@@ -227,6 +227,23 @@ TEST_F(WaitSetTest, ChildBeginsAfreshAndItsEndIsTold)
     std::signal(SIGPIPE, former);
 }
 
+TEST_F(WaitSetTest, ChildThatHasLeftItsGroupIsReached)
+{
+    const char* const script = "exec perl -e 'setpgrp 0, getpgrp getppid; kill STOP, $$'";
+    const std::uint32_t child = StartShell(script);
+    EXPECT_EQ(TvoWaitSetAddHandle(set, child, 1), XoOk);
+    siginfo_t info{};
+    EXPECT_EQ(::waitid(P_ALL, 0, &info, WSTOPPED | WNOWAIT), 0);
+    ASSERT_NE(::getpgid(info.si_pid), info.si_pid);
+    EXPECT_EQ(TvoProcessSend(child, TvoProcessSignal::Abort), XoOk);
+    EXPECT_THAT(Wait(), ElementsAre(1));
+    TvoProcessEnd end{};
+    EXPECT_EQ(TvoProcessGetEnd(child, &end), XoOk);
+    EXPECT_EQ(end.status, SIGABRT);
+    TvoWaitSetRemove(set, 1);
+    XoHandleClose(child);
+}
+
 TEST_F(WaitSetTest, ChildWritesWhereItIsToldAndTakesItsGroupWithIt)
 {
     int ends[2] = {-1, -1};

@@ -7,6 +7,7 @@ sway_user=65534
 programs=$root/build/release/bin
 folder=
 children=()
+manager=
 
 start_session() {
     folder=$(mktemp -d /tmp/tvo-demo.XXXXXX)
@@ -30,11 +31,15 @@ end_session() {
     rm -rf "$folder"
 }
 
-# sway loses a request to end that comes while it starts, so nobody is asked for ever.
+# sway loses a request to end that comes while it starts, so nobody is asked for ever. The manager
+# ends its programs one after the other, for which it may take 14 s.
 end_process() {
-    local tries
+    local limit=3 end
+    if [[ $1 == "$manager" ]]; then
+        limit=15
+    fi
     kill "$1" 2>/dev/null || true
-    for ((tries = 0; tries < 60; ++tries)); do
+    for ((end = SECONDS + limit; SECONDS < end; )); do
         process_runs "$1" || return 0
         sleep 0.05
     done

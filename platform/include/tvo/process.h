@@ -34,7 +34,7 @@ enum class TvoProcessSignal
 ///          `XoInvalidArgument`
 int TvoProcessStart(const TvoProgram* program, std::uint32_t* handle, std::uint32_t* pid);
 
-/// Sends a signal to the child and the rest of its process group.
+/// Sends a signal to the child, also when it has left its process group, and the rest of that.
 /// @returns 0, or `XoObjectGone` once the end has been fetched
 int TvoProcessSend(std::uint32_t handle, TvoProcessSignal signal);
 

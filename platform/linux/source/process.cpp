@@ -143,6 +143,16 @@ int ToNumber(TvoProcessSignal signal)
     return SIGKILL;
 }
 
+/// Sends it to the group, and to a child that has left that.
+void SendToAll(pid_t child, int signal)
+{
+    ::kill(-child, signal);
+    if (::getpgid(child) != child)
+    {
+        ::kill(child, signal);
+    }
+}
+
 void End(pid_t child)
 {
     ::kill(child, SIGKILL);
@@ -188,13 +198,14 @@ int Process::Send(TvoProcessSignal signal)
 {
     const std::lock_guard lock(m_mutex);
     // While its end is not fetched, nobody else can have its number.
-    if (m_end || ::kill(-m_pid, ToNumber(signal)) != 0)
+    if (m_end)
     {
         return XoObjectGone;
     }
+    SendToAll(m_pid, ToNumber(signal));
     if (signal == TvoProcessSignal::Abort)
     {
-        ::kill(-m_pid, SIGCONT);
+        SendToAll(m_pid, SIGCONT);
     }
     return XoOk;
 }
@@ -212,8 +223,9 @@ int Process::Serves(const char* server)
     const auto lines = ReadHeldLockFile(folder, *name);
     const auto isOfGroup = [this](const LockFileLine& line)
     {
+        const auto pid = static_cast<pid_t>(line.number);
         return line.kind == LockFileLine::Kind::Process &&
-               ::getpgid(static_cast<pid_t>(line.number)) == m_pid;
+               (pid == m_pid || ::getpgid(pid) == m_pid);
     };
     const auto isService = [](const LockFileLine& line)
     {

@@ -4,6 +4,7 @@
 #include <csignal>
 #include <cstdio>
 #include <filesystem>
+#include <optional>
 #include <string>
 
 #include <component/logger/logger.h>
@@ -37,13 +38,41 @@ Instant Present()
             std::chrono::floor<std::chrono::microseconds>(std::chrono::system_clock::now())};
 }
 
+/// Holds the wish to reload back until the loop takes it, for it would end the program before.
+void HoldReloadBack()
+{
+    sigset_t reload;
+    ::sigemptyset(&reload);
+    ::sigaddset(&reload, SIGHUP);
+    ::pthread_sigmask(SIG_BLOCK, &reload, nullptr);
+}
+
+/// Tells that the manager is busy with a reload for as long as it exists.
+class ReloadNotice final
+{
+public:
+    explicit ReloadNotice(INotifier& notifier) : m_notifier(notifier)
+    {
+        m_notifier.Reloading();
+    }
+    ~ReloadNotice()
+    {
+        m_notifier.Ready();
+    }
+    ReloadNotice(const ReloadNotice&) = delete;
+    ReloadNotice& operator=(const ReloadNotice&) = delete;
+
+private:
+    INotifier& m_notifier;
+};
+
 void Reload(Terminal& terminal, INotifier& notifier, const Options& options)
 {
-    // Who is still told to wait would take the second line for the first one of that kind.
-    const bool isTold = terminal.WasReady();
-    if (isTold)
+    std::optional<ReloadNotice> notice;
+    // Who is still told to wait would take its end for the terminal's first readiness.
+    if (terminal.WasReady())
     {
-        notifier.Reloading();
+        notice.emplace(notifier);
     }
     try
     {
@@ -53,10 +82,6 @@ void Reload(Terminal& terminal, INotifier& notifier, const Options& options)
     catch (const ConfigError& error)
     {
         TVO_LOG_ERROR("The configuration stays as it was: {}", error.what());
-    }
-    if (isTold)
-    {
-        notifier.Ready();
     }
 }
 
@@ -76,19 +101,6 @@ int Serve(const Options& options, const std::vector<ChildConfig>& children)
     return code == 0 ? 0 : Failed;
 }
 
-int ServeOrLog(const Options& options, const std::vector<ChildConfig>& children)
-{
-    try
-    {
-        return Serve(options, children);
-    }
-    catch (...)
-    {
-        TVO_LOG_CRITICAL("{}", plk::utils::ProcessException().second);
-        return Failed;
-    }
-}
-
 int Run(const Options& options)
 {
     const auto children = ReadConfig(options.config, ProgramFolder());
@@ -97,7 +109,7 @@ int Run(const Options& options)
         std::printf("%s: %zu to run\n", options.config.c_str(), children.size());
         return 0;
     }
-    return ServeOrLog(options, children);
+    return Serve(options, children);
 }
 
 }  // namespace
@@ -105,6 +117,7 @@ int Run(const Options& options)
 int RunAppManager(int argc, const char* const* argv)
 {
     std::signal(SIGPIPE, SIG_IGN);  // whoever reads the log may go
+    HoldReloadBack();
     tvo::logger::TVOLogger::Setup("APP_MNGR", LogLevel::Info, nullptr);
     ::common::utils::LogPlatformLines();
     try
@@ -120,12 +133,18 @@ int RunAppManager(int argc, const char* const* argv)
     catch (const BadUse& error)
     {
         std::fprintf(stderr, "app_manager: %s\n", error.what());
+        return WrongUse;
     }
     catch (const ConfigError& error)
     {
         std::fprintf(stderr, "%s\n", error.what());
+        return WrongUse;
     }
-    return WrongUse;
+    catch (...)
+    {
+        TVO_LOG_CRITICAL("{}", plk::utils::ProcessException().second);
+        return Failed;
+    }
 }
 
 }  // namespace app_manager::service

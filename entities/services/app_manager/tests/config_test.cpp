@@ -79,19 +79,22 @@ TEST(Config, IsRefusedWithItsPlace)
         {whole + "start_limit = \"1\"", "f:4:15: \"start_limit\" is a number of seconds"},
         {whole + "start_limit = 0",
          "f:4:15: \"start_limit\" is not between 0.001 and 86400 seconds"},
+        {whole + "start_limit = 9223372036854775807",
+         "f:4:15: \"start_limit\" is not between 0.001 and 86400 seconds"},
         {whole + "stop_limit = 86401",
          "f:4:14: \"stop_limit\" is not between 0.001 and 86400 seconds"},
         {whole + "restart_delay = 2\nrestart_delay_max = 1",
          "f:5:21: \"restart_delay_max\" is shorter than \"restart_delay\""},
         {whole + "provides = 3", "f:4:12: \"provides\" is a text"},
-        {whole + "provides = \"" + std::string(81, 'p') + "\"",
-         "f:4:12: \"provides\" is longer than 80 bytes"},
+        {whole + "provides = \"" + std::string(78, 'p') + ":\"",
+         "f:4:12: \"provides\" is longer than 80 bytes, where all but letters, digits and \"_-.\" "
+         "count three"},
         {whole + "environment = [1]",
          "f:4:15: \"environment\" is a table, as in { NAME = \"value\" }"},
         {whole + "environment = { A = 1 }", "f:4:21: the variable A is a text"},
         {whole + "environment = { \"A=B\" = \"\" }",
          "f:4:17: no variable of the environment can have this name"},
-        {whole + "environment = { A = \"\\u0000\" }", "f:4:21: the variable holds a zero byte"},
+        {whole + "environment = { A = \"\\u0000\" }", "f:4:21: the variable A holds a zero byte"},
         {service, "f:1:1: \"command\" is missing"},
         {service + "command = []", "f:3:11: \"command\" is empty"},
         {service + "command = [\"\"]", "f:3:12: the program is empty"},
@@ -102,6 +105,7 @@ TEST(Config, IsRefusedWithItsPlace)
         {application + "\"\"", "f:3:8: \"name\" is empty"},
         {application + "\"" + std::string(129, 'n') + "\"",
          "f:3:8: \"name\" is longer than 128 bytes"},
+        {application + "\"b\\n\"", "f:3:8: \"name\" holds a control character"},
         {application + "\"b\"\nneeds = [\"b\"]", "f:4:10: no service is named \"b\""},
         {application + "\"b\"\ncommands = [\"open\"]",
          "f:4:13: a command is \"show\", \"hide\" or \"close\""},
@@ -116,6 +120,7 @@ TEST(Config, IsRefusedWithItsPlace)
     EXPECT_THAT(RefusalOf("[[service]\n"), testing::StartsWith("f:1:"));
     EXPECT_THAT(RefusalOf(whole + "name = \"b\""), testing::StartsWith("f:4:"));
     EXPECT_EQ(RefusalOf(whole), "none");
+    EXPECT_THROW(static_cast<void>(ReadConfig("/tmp", "/programs")), ConfigError);
 }
 
 }  // namespace app_manager::service

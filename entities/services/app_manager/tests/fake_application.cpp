@@ -19,11 +19,17 @@ int main(int argc, char** argv)
         [&]
         {
             long command = 0;
-            if (commands->GetCommand(name, command) == 0)
+            if (commands->GetCommand(name, command) != 0)
             {
-                command == app_manager::commands::CloseWindow
-                    ? closed.set_value()
-                    : static_cast<void>(controller->StateChanged(name, 10 - command));
+                return;
+            }
+            if (command == app_manager::commands::CloseWindow)
+            {
+                closed.set_value();
+            }
+            else
+            {
+                controller->StateChanged(name, 10 - command);
             }
         });
     controller->ReadyToInitialize(name);

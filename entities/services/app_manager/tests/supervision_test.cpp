@@ -65,6 +65,11 @@ protected:
              {
                  Of("app").Stop(now, Afterwards::StayAway, "stopped");
              }},
+            {"kill",
+             [&]
+             {
+                 Of("app").Kill("at once");
+             }},
             {"restart",
              [&]
              {
@@ -126,6 +131,9 @@ constexpr Row Rows[] = {
     {"death after a stop", "100:ready 200:stop 250:sig11", "", State::Closed, EndKind::Asked},
     {"stop before ready", "100:stop 101:ready 102:sig15",
      "100 app term", State::Closed, EndKind::Asked},
+    {"stop at once", "100:ready 200:kill 201:sig9", "200 app kill", State::Closed, EndKind::Asked},
+    {"announced exit that does not come", "100:ready 200:bye 5300:sig15",
+     "5200 app term", State::Delayed, EndKind::Hang},
     {"stop while it rests", "100:exit 200:stop 9000:-", "", State::Closed, EndKind::Exit},
     {"stop while it hangs", "0:ready 5001:stop 5002:sig6 9000:-",
      "5000 app abort", State::Closed, EndKind::Hang},

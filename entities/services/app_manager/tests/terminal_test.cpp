@@ -89,7 +89,7 @@ TEST_F(Terminals, TouchOnlyWhatHasChangedInTheConfiguration)
     Of("app").OnPing(terminal.Now());
     loop.End("changed", {true, 0});
     loop.End("gone", {true, 0});
-    EXPECT_EQ(loop.Done(), "0 changed term, 0 new start, 0 gone term, 0 changed start");
+    EXPECT_EQ(loop.Done(), "0 changed term, 0 gone term, 0 new start, 0 changed start");
     loop.PassTo(milliseconds(6999));
     EXPECT_EQ(Of("app").State(), State::Ready) << "by its new limit";
     Configure({Service("same"), changed, Service("new")});
@@ -98,6 +98,23 @@ TEST_F(Terminals, TouchOnlyWhatHasChangedInTheConfiguration)
     EXPECT_EQ(loop.Done(), "") << "its former process is still closing";
     loop.End("app", {true, 0});
     EXPECT_EQ(loop.Done(), "6999 app start");
+    Ready("app");
+    Of("app").Stop(terminal.Now(), SupervisedChild::Afterwards::StayAway, "");
+    app.arguments.push_back("more");
+    Configure({Service("same"), changed, Service("new"), app});
+    loop.End("app", {true, 0});
+    EXPECT_EQ(Of("app").State(), State::Closed) << "a person has closed it";
+}
+
+TEST_F(Terminals, StartAgainWithoutWaitingForThoseBefore)
+{
+    Configure({Application("app")});
+    Ready("app");
+    Configure({Service("new"), Application("app")});
+    loop.End("app", {false, SIGSEGV});
+    loop.Done();
+    loop.PassTo(milliseconds(500));
+    EXPECT_EQ(loop.Done(), "500 app start") << "was ready once";
 }
 
 TEST_F(Terminals, KnowAnApplicationByItsOwnProcess)

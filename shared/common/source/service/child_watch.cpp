@@ -11,6 +11,7 @@
 #include <tvo/process.h>
 #include <xo/handle.h>
 #include <xo/result.h>
+#include <xo/sleep.h>
 
 #include "guarded.h"
 
@@ -76,6 +77,16 @@ ChildWatch::ChildWatch(const ChildProgram& program,
 ChildWatch::~ChildWatch()
 {
     XoHandleClose(m_handle);
+}
+
+void ChildWatch::KillAndAwait()
+{
+    TvoProcessSend(m_handle, TvoProcessSignal::Kill);
+    TvoProcessEnd end{};
+    while (TvoProcessGetEnd(m_handle, &end) == XoTimedOut)
+    {
+        XoSleep(1);
+    }
 }
 
 void ChildWatch::OnReady(Amount /*amount*/)

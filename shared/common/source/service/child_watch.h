@@ -40,6 +40,9 @@ public:
         m_ended = nullptr;
     }
 
+    /// Ends a child that cannot be watched.
+    void KillAndAwait();
+
     void OnReady(Amount amount) override;
 
 private:

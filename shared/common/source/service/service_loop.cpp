@@ -1,5 +1,6 @@
 #include "service_loop.h"
 
+#include <algorithm>
 #include <utility>
 
 #include <component/plk/exceptions.h>
@@ -37,7 +38,8 @@ std::uint64_t ServiceLoop::Add(std::shared_ptr<ISource> source)
 {
     const std::uint64_t key = m_nextKey++;
     m_sources.emplace(key, std::move(source));
-    m_ready.resize(m_sources.size() + 1);
+    // Never less, for the keys of a turn may be walked through right now.
+    m_ready.resize(std::max(m_ready.size(), m_sources.size() + 1));
     return key;
 }
 
@@ -95,14 +97,13 @@ std::unique_ptr<IChild> ServiceLoop::StartChild(const ChildProgram& program,
     };
     auto watch = std::make_shared<ChildWatch>(program, std::move(ended), over);
     const int result = TvoWaitSetAddHandle(m_waitSet.get(), watch->Handle(), Add(watch));
-    auto child = std::make_unique<Child>(std::move(watch));
     if (result != XoOk)
     {
-        child->Kill();
+        watch->KillAndAwait();
         m_sources.erase(key);
     }
     ZIN_CHECK_RESULT(result, "Cannot watch " << program.path);
-    return child;
+    return std::make_unique<Child>(std::move(watch));
 }
 
 void ServiceLoop::OnTurnEnd(Callback callback)

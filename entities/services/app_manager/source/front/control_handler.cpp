@@ -3,6 +3,7 @@
 #include <vector>
 
 #include <component/app_manager/tvo_ipc/command_values.h>
+#include <component/app_manager/tvo_ipc/control_words.h>
 #include <component/logger/logger.h>
 
 namespace app_manager::service {
@@ -81,11 +82,11 @@ Outcome ControlHandler::Command(const ServiceCall& call)
         return Outcome::Reject;
     }
     const int result = Obey(*name, request->command);
-    TVO_LOG_INFO("Process {} sends command {} to {}: {:#x}",
+    TVO_LOG_INFO("Process {} asks for {} of {}: {}",
                  call.caller.pid,
-                 request->command,
+                 control::CommandWord(static_cast<control::Command>(request->command)),
                  *name,
-                 static_cast<std::uint32_t>(result));
+                 result == 0 ? "accepted" : control::RefusalText(result));
     call.Response<control::CommandResponse>().result = result;
     return Outcome::Answer;
 }

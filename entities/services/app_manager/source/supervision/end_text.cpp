@@ -6,28 +6,6 @@
 
 namespace app_manager::service {
 
-const char* NameOf(control::EndKind kind)
-{
-    switch (kind)
-    {
-        case control::EndKind::Asked:
-            return "stopped";
-        case control::EndKind::Exit:
-            return "exit";
-        case control::EndKind::Crash:
-            return "crash";
-        case control::EndKind::Hang:
-            return "hang";
-        case control::EndKind::NotReady:
-            return "not ready";
-        case control::EndKind::InternalError:
-            return "internal error";
-        case control::EndKind::NotStarted:
-            return "not started";
-    }
-    return "end";
-}
-
 std::string TextOf(const tvo::service::ChildEnd& end)
 {
     if (end.byItself)

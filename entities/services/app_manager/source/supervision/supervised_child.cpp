@@ -6,6 +6,7 @@
 #include <fmt/format.h>
 
 #include <component/app_manager/tvo_ipc/command_values.h>
+#include <component/app_manager/tvo_ipc/control_words.h>
 #include <component/logger/logger.h>
 #include <component/plk/process_exception.h>
 
@@ -105,7 +106,7 @@ void SupervisedChild::Rest(const Instant& now)
     Enter(Phase::Delayed, now, delay);
     TVO_LOG_WARNING("{}: {}: {}; next start in {} s",
                     m_config.name,
-                    NameOf(m_lastEnd->kind),
+                    control::EndWord(m_lastEnd->kind),
                     m_lastEnd->cause,
                     Seconds(delay));
 }
@@ -152,10 +153,11 @@ void SupervisedChild::Stop(const Instant& now, Afterwards afterwards, std::strin
     }
 }
 
-void SupervisedChild::Kill()
+void SupervisedChild::Kill(std::string_view why)
 {
     if (HasProcess())
     {
+        Blame(EndKind::Asked, std::string(why));
         m_afterwards = Afterwards::StayAway;
         m_actions.Kill();
         Enter(Phase::Killing);
@@ -276,7 +278,8 @@ void SupervisedChild::LogEnd() const
 {
     const auto level = m_lastEnd->kind == EndKind::Asked ? tvo::logger::LogLevel::Info
                                                          : tvo::logger::LogLevel::Warning;
-    TVO_LOG(level, "{}: {}: {}", m_config.name, NameOf(m_lastEnd->kind), m_lastEnd->cause);
+    TVO_LOG(
+        level, "{}: {}: {}", m_config.name, control::EndWord(m_lastEnd->kind), m_lastEnd->cause);
 }
 
 bool SupervisedChild::WasHealthy(const Instant& now) const
@@ -306,6 +309,7 @@ void SupervisedChild::Advance(const Instant& now)
         case Phase::Closing:
         case Phase::Exiting:
             TVO_LOG_WARNING("{}: process {} does not exit in time", m_config.name, m_process.pid);
+            Blame(EndKind::Hang, "no exit in time");
             Terminate(now);
             break;
         case Phase::Delayed:

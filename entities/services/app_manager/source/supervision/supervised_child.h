@@ -52,7 +52,8 @@ public:
     /// @param why  for the status, for instance "closed by command"
     void Stop(const Instant& now, Afterwards afterwards, std::string_view why);
 
-    void Kill();
+    /// Ends it at once and for good.
+    void Kill(std::string_view why);
 
     // What has happened to it.
 
@@ -88,6 +89,12 @@ public:
     [[nodiscard]] bool HasHadItsTurn() const
     {
         return m_wasReady || m_phase == Phase::Away;
+    }
+
+    /// Whether one of its processes was ready.
+    [[nodiscard]] bool WasReady() const
+    {
+        return m_wasReady;
     }
 
     /// How many processes were started.

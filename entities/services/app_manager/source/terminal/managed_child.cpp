@@ -96,8 +96,10 @@ void ManagedChild::Kill()
 void ManagedChild::Reconfigure(ChildConfig config)
 {
     const bool isSame = IsSameProgram(config, m_supervision.Config());
+    const State state = m_supervision.State();
     m_supervision.SetConfig(std::move(config));
-    if (!isSame && m_supervision.State() != State::Closed)
+    // What comes after a stop was decided when that was asked for.
+    if (!isSame && state != State::Closed && state != State::Stopping)
     {
         TVO_LOG_INFO("{}: its configuration has changed", Name());
         m_supervision.Stop(m_terminal.Now(), Afterwards::AtOnce, "its configuration has changed");

@@ -15,8 +15,12 @@ using control::State;
 using std::chrono::milliseconds;
 using Afterwards = SupervisedChild::Afterwards;
 
-/// The platform tells of new names; this makes turns in case that it cannot.
 constexpr milliseconds LookForServersEvery{100};
+
+bool HadItsTurn(const std::unique_ptr<ManagedChild>& child)
+{
+    return child->Supervision().HasHadItsTurn();
+}
 
 }  // namespace
 
@@ -24,11 +28,12 @@ Terminal::Terminal(tvo::service::IServiceLoop& loop, INotifier& notifier, Clock 
     : m_loop(loop), m_notifier(notifier), m_clock(std::move(clock))
 {
     m_loop.OnTurnEnd([this] { Settle(); });
-    // It makes a turn, and every turn looks.
+    // Both make a turn, and every turn looks.
     if (!m_loop.OnServersChange([] {}))
     {
         TVO_LOG_WARNING("The names of services are looked for every {} ms",
                         LookForServersEvery.count());
+        m_serversTick = m_loop.Every(LookForServersEvery, [] {});
     }
     m_latenessTick = m_loop.Every(Lateness::Interval, [this] { Now(); });
     if (const auto interval = m_notifier.AliveInterval())
@@ -39,6 +44,18 @@ Terminal::Terminal(tvo::service::IServiceLoop& loop, INotifier& notifier, Clock 
 
 Terminal::~Terminal() = default;
 
+template <class Callback>
+void Terminal::ForEach(const Callback& callback) const
+{
+    for (const Children* const children : {&m_children, &m_leaving})
+    {
+        for (const auto& child : *children)
+        {
+            callback(*child);
+        }
+    }
+}
+
 Instant Terminal::Now()
 {
     const Instant now = m_clock();
@@ -47,13 +64,7 @@ Instant Terminal::Now()
     {
         TVO_LOG_WARNING("The manager was held up for {:.3f} s, all limits are moved",
                         std::chrono::duration<double>(late).count());
-        for (const Children* const children : {&m_children, &m_leaving})
-        {
-            for (const auto& child : *children)
-            {
-                child->Supervision().Prolong(late);
-            }
-        }
+        ForEach([late](ManagedChild& child) { child.Supervision().Prolong(late); });
     }
     return now;
 }
@@ -101,29 +112,31 @@ std::unique_ptr<ManagedChild> Terminal::Take(Kind kind, std::string_view name)
 
 ManagedChild* Terminal::Find(std::string_view name)
 {
-    const auto row = std::find_if(m_children.begin(),
-                                  m_children.end(),
-                                  [name](const auto& child) { return child->Name() == name; });
+    const auto row = RowOf(name);
     return row != m_children.end() ? row->get() : nullptr;
+}
+
+Terminal::Children::const_iterator Terminal::RowOf(std::string_view name) const
+{
+    return std::find_if(m_children.begin(),
+                        m_children.end(),
+                        [name](const auto& child) { return child->Name() == name; });
 }
 
 ManagedChild* Terminal::FindApplication(std::string_view name, std::uint32_t pid)
 {
-    const auto isMeant = [name, pid](const auto& child)
-    {
-        // A process of another namespace has the pid 0 for us, as has a child without a process.
-        return pid != 0 && child->Pid() == pid && child->Name() == name &&
-               child->Supervision().Config().kind == Kind::Application;
-    };
-    for (const Children* const children : {&m_children, &m_leaving})
-    {
-        const auto row = std::find_if(children->begin(), children->end(), isMeant);
-        if (row != children->end())
+    ManagedChild* found = nullptr;
+    ForEach(
+        [&](ManagedChild& child)
         {
-            return row->get();
-        }
-    }
-    return nullptr;
+            // A process of another namespace has the pid 0 for us, as has a child without one.
+            if (pid != 0 && child.Pid() == pid && child.Name() == name &&
+                child.Supervision().Config().kind == Kind::Application)
+            {
+                found = &child;
+            }
+        });
+    return found;
 }
 
 void Terminal::Settle()
@@ -133,6 +146,7 @@ void Terminal::Settle()
     {
         child->CloseWithoutNeeds();
     }
+    PartWithUnwanted();
     if (m_isStopping)
     {
         StopNext();
@@ -141,7 +155,6 @@ void Terminal::Settle()
     {
         StartWaiting();
     }
-    ForgetEnded();
     TellState();
     ArmTimer();
 }
@@ -152,6 +165,16 @@ void Terminal::LookForServers()
     {
         child->LookWhetherServed();
     }
+}
+
+/// Before others are started, who may have waited for the name.
+void Terminal::PartWithUnwanted()
+{
+    for (const auto& child : m_leaving)
+    {
+        child->Supervision().Stop(Now(), Afterwards::StayAway, "it is not wanted any more");
+    }
+    std::erase_if(m_leaving, [](const auto& child) { return !child->Supervision().HasProcess(); });
 }
 
 void Terminal::StartWaiting()
@@ -167,44 +190,39 @@ void Terminal::StartWaiting()
 
 bool Terminal::MayStart(const ChildConfig& config) const
 {
-    const auto isInTheWay = [&config](const auto& child)
-    {
-        return child->Name() == config.name;
-    };
     const auto isReady = [this](const std::string& need)
     {
         return StartsOfReadyService(need) != 0;
     };
-    if (m_isStopping || std::any_of(m_leaving.begin(), m_leaving.end(), isInTheWay) ||
-        !std::all_of(config.needs.begin(), config.needs.end(), isReady))
-    {
-        return false;
-    }
-    for (const auto& child : m_children)
-    {
-        if (child->Name() == config.name)
-        {
-            return true;
-        }
-        if (!child->Supervision().HasHadItsTurn())
-        {
-            return false;
-        }
-    }
-    return false;
+    return !m_isStopping && !IsUnwanted(config.name) && IsTurnOf(config.name) &&
+           std::all_of(config.needs.begin(), config.needs.end(), isReady);
+}
+
+bool Terminal::IsUnwanted(std::string_view name) const
+{
+    return std::any_of(m_leaving.begin(),
+                       m_leaving.end(),
+                       [name](const auto& child) { return child->Name() == name; });
+}
+
+/// The order is that of the first start; later on nobody waits for those before.
+bool Terminal::IsTurnOf(std::string_view name) const
+{
+    const auto own = RowOf(name);
+    return own != m_children.end() &&
+           ((*own)->Supervision().WasReady() || std::all_of(m_children.begin(), own, &HadItsTurn));
 }
 
 std::uint32_t Terminal::StartsOfReadyService(const std::string& name) const
 {
-    for (const auto& child : m_children)
+    const auto row = RowOf(name);
+    if (row == m_children.end())
     {
-        const SupervisedChild& service = child->Supervision();
-        if (service.Config().kind == Kind::Service && child->Name() == name)
-        {
-            return service.State() == State::Ready ? service.Starts() : 0;
-        }
+        return 0;
     }
-    return 0;
+    const SupervisedChild& service = (*row)->Supervision();
+    const bool isReady = service.Config().kind == Kind::Service && service.State() == State::Ready;
+    return isReady ? service.Starts() : 0;
 }
 
 void Terminal::Stop()
@@ -216,13 +234,8 @@ void Terminal::Stop()
         return;
     }
     TVO_LOG_WARNING("The terminal is stopped at once");
-    for (const Children* const children : {&m_children, &m_leaving})
-    {
-        for (const auto& child : *children)
-        {
-            child->Supervision().Kill();
-        }
-    }
+    ForEach([](ManagedChild& child)
+            { child.Supervision().Kill("the terminal is stopped at once"); });
 }
 
 /// One after the other, the last one first; those without a process do not come back.
@@ -245,26 +258,10 @@ void Terminal::StopNext()
     }
 }
 
-void Terminal::ForgetEnded()
-{
-    for (const auto& child : m_leaving)
-    {
-        child->Supervision().Stop(Now(), Afterwards::StayAway, "it is not wanted any more");
-    }
-    const auto hasEnded = [](const auto& child)
-    {
-        return !child->Supervision().HasProcess();
-    };
-    if (std::erase_if(m_leaving, hasEnded) > 0)
-    {
-        // Somebody may have waited for the name, or for the end of all.
-        m_isStopping ? StopNext() : StartWaiting();
-    }
-}
-
 void Terminal::TellState()
 {
-    if (!m_wasReady && !m_isStopping && AllHadTheirTurn())
+    if (!m_wasReady && !m_isStopping &&
+        std::all_of(m_children.begin(), m_children.end(), &HadItsTurn))
     {
         m_wasReady = true;
         TVO_LOG_INFO("The terminal is ready");
@@ -276,13 +273,6 @@ void Terminal::TellState()
         m_notifier.Status(line);
         m_toldState = std::move(line);
     }
-}
-
-bool Terminal::AllHadTheirTurn() const
-{
-    return std::all_of(m_children.begin(),
-                       m_children.end(),
-                       [](const auto& child) { return child->Supervision().HasHadItsTurn(); });
 }
 
 std::string Terminal::StateLine() const
@@ -309,27 +299,19 @@ void Terminal::Advance()
 {
     const Instant now = Now();
     m_armedFor.reset();
-    for (const Children* const children : {&m_children, &m_leaving})
-    {
-        for (const auto& child : *children)
-        {
-            child->Supervision().Advance(now);
-        }
-    }
+    ForEach([&now](ManagedChild& child) { child.Supervision().Advance(now); });
 }
 
 /// One that is too early stays: it costs less than a new one for every ping.
 void Terminal::ArmTimer()
 {
     std::optional<TimePoint> due;
-    for (const Children* const children : {&m_children, &m_leaving})
-    {
-        for (const auto& child : *children)
+    ForEach(
+        [&due](const ManagedChild& child)
         {
-            const auto own = child->Supervision().Due();
+            const auto own = child.Supervision().Due();
             due = own && (!due || *own < *due) ? own : due;
-        }
-    }
+        });
     if (!due)
     {
         m_timer.reset();
@@ -340,27 +322,6 @@ void Terminal::ArmTimer()
         const auto left = std::chrono::ceil<milliseconds>(*due - m_clock().steady);
         m_timer = m_loop.After(left, [this] { Advance(); });
         m_armedFor = due;
-    }
-    WatchServers();
-}
-
-void Terminal::WatchServers()
-{
-    const bool isAwaited = std::any_of(m_children.begin(),
-                                       m_children.end(),
-                                       [](const auto& child)
-                                       {
-                                           const SupervisedChild& service = child->Supervision();
-                                           return service.State() == State::Starting &&
-                                                  !service.Config().provides.empty();
-                                       });
-    if (!isAwaited)
-    {
-        m_serversTick.reset();
-    }
-    else if (m_serversTick == nullptr)
-    {
-        m_serversTick = m_loop.Every(LookForServersEvery, [] {});
     }
 }
 

@@ -75,13 +75,19 @@ private:
     std::unique_ptr<ManagedChild> Take(control::Kind kind, std::string_view name);
     void Advance();
     void LookForServers();
+    void PartWithUnwanted();
     void StartWaiting();
     void StopNext();
-    void ForgetEnded();
     void TellState();
     void ArmTimer();
-    void WatchServers();
-    [[nodiscard]] bool AllHadTheirTurn() const;
+    [[nodiscard]] Children::const_iterator RowOf(std::string_view name) const;
+    [[nodiscard]] bool IsUnwanted(std::string_view name) const;
+    [[nodiscard]] bool IsTurnOf(std::string_view name) const;
+
+    /// Calls back with each child, those that leave included.
+    template <class Callback>
+    void ForEach(const Callback& callback) const;
+
     [[nodiscard]] std::string StateLine() const;
 
     tvo::service::IServiceLoop& m_loop;
@@ -97,7 +103,7 @@ private:
     tvo::service::TimerToken m_timer;
     tvo::service::TimerToken m_latenessTick;
     tvo::service::TimerToken m_aliveTick;
-    tvo::service::TimerToken m_serversTick;  ///< while a service's name is awaited
+    tvo::service::TimerToken m_serversTick;  ///< where the platform does not tell of new names
 };
 
 }  // namespace app_manager::service

@@ -1,6 +1,8 @@
 #include <string>
 #include <utility>
 
+#include <component/app_manager/tvo_ipc/control_words.h>
+
 #include "../json_text.h"
 #include "app_command.h"
 
@@ -8,18 +10,15 @@ namespace tvoctl {
 namespace {
 
 using app_manager::control::Command;
+using app_manager::control::CommandWord;
 
 /// Hands a command to the manager and is done once it is accepted: an application may take its
 /// time, and `status` tells how far it is.
 class Send final : public AppCommand
 {
 public:
-    Send(CLI::App& app,
-         AppOptionsPtr options,
-         const char* verb,
-         const char* description,
-         Command command)
-        : AppCommand(app, std::move(options), verb, description), m_verb(verb), m_command(command)
+    Send(CLI::App& app, AppOptionsPtr options, Command command, const char* description)
+        : AppCommand(app, std::move(options), CommandWord(command), description), m_command(command)
     {
         AddName();
     }
@@ -30,12 +29,11 @@ private:
         manager.Send(Name(), m_command);
         if (environment.isJson)
         {
-            environment.out.Print(JsonLine({{"done", m_verb}, {"name", Name()}}));
+            environment.out.Print(JsonLine({{"done", CommandWord(m_command)}, {"name", Name()}}));
         }
     }
 
-    const char* m_verb;
-    Command m_command;
+    const Command m_command;
 };
 
 }  // namespace
@@ -43,31 +41,29 @@ private:
 std::unique_ptr<ICommand> MakeAppShow(CLI::App& app, AppOptionsPtr options)
 {
     return std::make_unique<Send>(
-        app, std::move(options), "show", "Has an application show its window.", Command::Show);
+        app, std::move(options), Command::Show, "Has an application show its window.");
 }
 
 std::unique_ptr<ICommand> MakeAppHide(CLI::App& app, AppOptionsPtr options)
 {
     return std::make_unique<Send>(
-        app, std::move(options), "hide", "Has an application hide its window.", Command::Hide);
+        app, std::move(options), Command::Hide, "Has an application hide its window.");
 }
 
 std::unique_ptr<ICommand> MakeAppClose(CLI::App& app, AppOptionsPtr options)
 {
     return std::make_unique<Send>(app,
                                   std::move(options),
-                                  "close",
-                                  "Ends an application until a restart is asked for.",
-                                  Command::Close);
+                                  Command::Close,
+                                  "Ends an application until a restart is asked for.");
 }
 
 std::unique_ptr<ICommand> MakeAppRestart(CLI::App& app, AppOptionsPtr options)
 {
     return std::make_unique<Send>(app,
                                   std::move(options),
-                                  "restart",
-                                  "Ends an application or a service, if it runs, and starts it.",
-                                  Command::Restart);
+                                  Command::Restart,
+                                  "Ends an application or a service, if it runs, and starts it.");
 }
 
 }  // namespace tvoctl

@@ -5,6 +5,7 @@
 #include <fmt/format.h>
 
 #include <component/app_manager/tvo_ipc/command_values.h>
+#include <component/app_manager/tvo_ipc/control_words.h>
 
 #include "times.h"
 #include "words.h"
@@ -14,6 +15,7 @@ namespace {
 
 using app_manager::control::ApplicationStatus;
 using app_manager::control::EndKind;
+using app_manager::control::EndWord;
 using app_manager::control::LastEnd;
 using nlohmann::json;
 

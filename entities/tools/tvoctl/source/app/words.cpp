@@ -2,7 +2,6 @@
 
 namespace tvoctl {
 
-using app_manager::control::EndKind;
 using app_manager::control::Kind;
 using app_manager::control::State;
 
@@ -27,28 +26,6 @@ const char* StateWord(State state)
             return "delayed";
         case State::Closed:
             return "closed";
-    }
-    return "?";
-}
-
-const char* EndWord(EndKind kind)
-{
-    switch (kind)
-    {
-        case EndKind::Asked:
-            return "asked";
-        case EndKind::Exit:
-            return "exit";
-        case EndKind::Crash:
-            return "crash";
-        case EndKind::Hang:
-            return "hang";
-        case EndKind::NotReady:
-            return "not-ready";
-        case EndKind::InternalError:
-            return "internal-error";
-        case EndKind::NotStarted:
-            return "not-started";
     }
     return "?";
 }

@@ -8,6 +8,5 @@ namespace tvoctl {
 
 const char* KindWord(app_manager::control::Kind kind);
 const char* StateWord(app_manager::control::State state);
-const char* EndWord(app_manager::control::EndKind kind);
 
 }  // namespace tvoctl

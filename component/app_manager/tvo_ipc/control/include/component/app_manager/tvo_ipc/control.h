@@ -55,7 +55,7 @@ enum class EndKind : std::uint8_t
     Asked = 1,      ///< it was told to end
     Exit,           ///< it has exited unasked
     Crash,          ///< a signal that nobody here has sent
-    Hang,           ///< it did not ping in time and was ended
+    Hang,           ///< it did not ping, or exit, in time and was ended
     NotReady,       ///< it did not get ready in time and was ended
     InternalError,  ///< it has reported an error of its own
     NotStarted,     ///< its program could not be executed
