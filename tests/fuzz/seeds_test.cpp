@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <ostream>
 #include <string>
 
@@ -17,16 +18,18 @@ void PrintTo(const Target& target, std::ostream* out)
 class FuzzSeeds : public ::testing::TestWithParam<fuzz::Target>
 {};
 
-/// The seeds as they stand, and each with one byte wrong at a time.
+/// The seeds as they stand, and each with one byte wrong at a time, in 128 places at most.
 TEST_P(FuzzSeeds, KeepEveryPromise)
 {
     for (const std::string& seed : fuzz::AllSeeds(GetParam()))
     {
         GetParam().run(seed);
-        for (std::size_t i = 0; i < seed.size() && i < 512; ++i)
+        const std::size_t places = std::min<std::size_t>(seed.size(), 128);
+        for (std::size_t place = 0; place < places; ++place)
         {
             std::string damaged = seed;
-            damaged[i] = static_cast<char>(damaged[i] ^ static_cast<char>(1 << (i % 8)));
+            char& byte = damaged[place * seed.size() / places];
+            byte = static_cast<char>(byte ^ static_cast<char>(1 << (place % 8)));
             GetParam().run(damaged);
         }
     }
