@@ -48,6 +48,7 @@ Button {
                                     : root.pal ? root.pal.contentDisabled : "gray"
                 font.pixelSize: root.fontPixelSize
                 font.weight: Font.DemiBold
+                textFormat: Text.PlainText
                 wrapMode: Text.NoWrap
                 Accessible.ignored: true
             }
@@ -116,6 +117,7 @@ Button {
             text: root.hintText
             color: root.pal ? root.pal.contentSecondary : "#AFB5BC"
             font.pixelSize: 12
+            textFormat: Text.PlainText
         }
     }
 }

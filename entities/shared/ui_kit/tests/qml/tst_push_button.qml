@@ -1,5 +1,4 @@
 import QtQuick
-import QtTest
 
 import "qrc:/ui_kit/qml/base/" as UiKitBase
 
@@ -19,7 +18,7 @@ Item {
         onClicked: ++root.clicks
     }
 
-    TestCase {
+    KitTestCase {
         function init() {
             paletteProvider.palette = darkPalette;
             root.clicks = 0;
@@ -30,19 +29,22 @@ Item {
 
         function test_coloursOfAState_data() {
             return [
-                { tag: "Normal", colors: ["#8c8cff", "#9c9cff", "#ababff", "#ffffff"] },
-                { tag: "Light", colors: ["#1f8c8cff", "#338c8cff", "#478c8cff", "#8c8cff"] },
-                { tag: "Alternative", colors: ["#1fffffff", "#29ffffff", "#57ffffff", "#ffffff"] }
+                { tag: "Normal", roles: ["purplePrimary", "purpleSubPrimary", "purpleSecondary",
+                                         "contentPrimary"], content: "#ffffff" },
+                { tag: "Light", roles: ["purpleBackground", "purpleBorder", "purpleDisabled",
+                                        "purplePrimary"], content: "#9c9cff" },
+                { tag: "Alternative", roles: ["contentBackground", "contentBorder",
+                                              "contentDisabled", "contentPrimary"],
+                  content: "#ffffff" }
             ];
         }
 
         function test_coloursOfAState(row) {
             button.state = row.tag;
-            compare([String(button.normalColor), String(button.hoverColor),
-                     String(button.pressedColor), String(button.contentColor)], row.colors);
-            paletteProvider.palette = null;
-            compare([String(button.normalColor), String(button.hoverColor),
-                     String(button.pressedColor)], ["#9c9cff", "#8c8cff", "#9c9cff"]);
+            const literals = ["#9c9cff", "#8c8cff", "#9c9cff", row.content];
+            compareLooks(() => [button.normalColor, button.hoverColor, button.pressedColor,
+                                button.contentColor],
+                         row.roles.map((role, i) => [role, literals[i]]));
         }
 
         function test_aPaletteWithoutTheRoleGivesNoLiteral() {
@@ -60,11 +62,10 @@ Item {
             compare([root.clicks, button.width, button.height, button.radius], [1, 190, 52, 16]);
         }
 
-        function test_enterAndReturnClick() {
+        function test_keysClick() {
             button.forceActiveFocus();
-            keyClick(Qt.Key_Enter);
-            keyClick(Qt.Key_Return);
-            compare(root.clicks, 2);
+            press(Qt.Key_Enter, Qt.Key_Return, Qt.Key_Space);
+            compare(root.clicks, 3);
         }
 
         function test_rightClickTakesTheFocusAndDoesNotClick() {
@@ -74,12 +75,11 @@ Item {
         }
 
         function test_outlineShowsKeyboardFocusOnly() {
-            const outline = Array.from(button.children).find(child => "outlinedComponent" in child);
             button.forceActiveFocus(Qt.TabFocusReason);
-            verify(outline.visible);
+            verify(outlineOf(button).visible);
             root.forceActiveFocus();
             button.forceActiveFocus(Qt.MouseFocusReason);
-            verify(!outline.visible);
+            verify(!outlineOf(button).visible);
         }
 
         function test_hintIsThereOnlyWithAText() {
@@ -92,6 +92,5 @@ Item {
         }
 
         name: "PushButton"
-        when: windowShown
     }
 }

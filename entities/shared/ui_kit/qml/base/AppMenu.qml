@@ -1,0 +1,124 @@
+import QtQuick
+import QtQuick.Controls.Basic
+import QtQuick.Layouts
+
+// The head of a side menu: the logo of the program, its name and one button that stays pressed.
+Item {
+    id: root
+
+    property var pal: paletteProvider.palette
+    property alias logo: image.source
+    property alias caption: label.text
+    property alias buttonEnabled: button.enabled
+    property alias buttonVisible: button.visible
+    property alias buttonChecked: button.checked
+    property alias buttonText: button.text
+
+    signal buttonActivated
+
+    implicitWidth: column.implicitWidth
+    implicitHeight: column.implicitHeight + column.anchors.topMargin
+
+    ColumnLayout {
+        id: column
+
+        anchors.top: parent.top
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.topMargin: 40
+        spacing: 16
+
+        SharpImage {
+            id: image
+
+            Layout.preferredWidth: 88
+            Layout.preferredHeight: 88
+            Layout.topMargin: 16
+            Layout.alignment: Qt.AlignHCenter
+            source: "qrc:/rdp_client/images/icon-avatar"
+            Accessible.ignored: true
+        }
+
+        TextLabel {
+            id: label
+
+            Layout.fillWidth: true
+            horizontalAlignment: Text.AlignHCenter
+            textFormat: Text.PlainText
+            font.pixelSize: 24
+        }
+
+        Button {
+            id: button
+
+            Layout.fillWidth: true
+            Layout.preferredHeight: 50
+            Layout.topMargin: 20
+            Layout.leftMargin: 12
+            Layout.rightMargin: 12
+            horizontalPadding: 14
+            verticalPadding: 8
+            checkable: true
+            hoverEnabled: true
+
+            Accessible.role: Accessible.Button
+            Accessible.name: text
+
+            background: Rectangle {
+                radius: 12
+                color: {
+                    if (button.checked) {
+                        return root.pal ? root.pal.contentBackground : "#171F1D";
+                    }
+                    return "transparent";
+                }
+            }
+
+            contentItem: RowLayout {
+                spacing: 16
+
+                SharpImage {
+                    Layout.preferredWidth: 20
+                    Layout.preferredHeight: 20
+                    source: "qrc:/ui_kit/images/"
+                            + (button.enabled ? "settings_gear" : "settings_gear_disabled")
+                }
+
+                TextLabel {
+                    Layout.fillWidth: true
+                    text: button.text
+                    textFormat: Text.PlainText
+                    elide: Text.ElideRight
+                    wrapMode: Text.NoWrap
+                    color: {
+                        if (!button.enabled) {
+                            return root.pal ? root.pal.contentDisabled : "gray";
+                        }
+                        return root.pal ? root.pal.contentPrimary : "white";
+                    }
+                    Accessible.ignored: true
+                }
+            }
+
+            // What a click does, which the button has no function for.
+            function press() {
+                toggle();
+                clicked();
+            }
+
+            onClicked: root.buttonActivated()
+
+            Keys.onEnterPressed: press()
+            Keys.onReturnPressed: press()
+
+            Outline {
+                outlineRadius: 16
+                visible: button.visualFocus
+            }
+
+            RightClickedMouseArea {
+                anchors.fill: parent
+            }
+        }
+    }
+}
