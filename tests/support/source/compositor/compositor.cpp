@@ -13,6 +13,7 @@
 
 #include <support/compositor.h>
 
+#include "layout_control.h"
 #include "outputs.h"
 #include "seat.h"
 #include "surfaces.h"
@@ -44,6 +45,7 @@ struct Compositor::Server final
     Server(const std::filesystem::path& socket, QSize mode)
         : outputs(display.get()),
           seat(display.get()),
+          layoutControl(display.get(), seat),
           surfaces(display.get(),
                    [this]
                    {
@@ -124,6 +126,7 @@ struct Compositor::Server final
     std::condition_variable changed;
     wayland::Outputs outputs;
     wayland::Seat seat;
+    wayland::LayoutControl layoutControl;
     wayland::Surfaces surfaces;
     std::thread thread;
 };
@@ -164,7 +167,49 @@ void Compositor::PressKey(std::uint32_t key)
 void Compositor::Click(QPoint point)
 {
     m_server->Settle();
-    m_server->Do([&] { m_server->seat.Click(point); });
+    m_server->Do(
+        [&]
+        {
+            m_server->seat.MovePointer(m_server->surfaces.At(point));
+            m_server->seat.Click();
+            m_server->seat.MovePointer({});
+        });
+}
+
+void Compositor::MovePointer(QPoint point)
+{
+    m_server->Settle();
+    m_server->Do([&] { m_server->seat.MovePointer(m_server->surfaces.At(point)); });
+}
+
+void Compositor::DismissPopups()
+{
+    m_server->Do([&] { m_server->surfaces.DismissPopups(); });
+}
+
+void Compositor::SetLayouts(const std::string& layouts)
+{
+    m_server->Do(
+        [&]
+        {
+            m_server->seat.SetLayouts(layouts);
+            m_server->layoutControl.Announce();
+        });
+}
+
+void Compositor::OfferLayoutControl()
+{
+    m_server->Do([&] { m_server->layoutControl.Offer(); });
+}
+
+void Compositor::WithdrawLayoutControl()
+{
+    m_server->Do([&] { m_server->layoutControl.Withdraw(); });
+}
+
+void Compositor::AnnounceLayout(std::uint32_t group, const std::string& layouts)
+{
+    m_server->Do([&] { m_server->layoutControl.Announce(group, layouts); });
 }
 
 void Compositor::RequestClose()
@@ -181,6 +226,12 @@ std::vector<Compositor::Toplevel> Compositor::Toplevels() const
         toplevels.push_back({surface->title, surface->content.size()});
     }
     return toplevels;
+}
+
+std::vector<QRect> Compositor::Popups() const
+{
+    const std::lock_guard lock(m_server->mutex);
+    return m_server->surfaces.Popups();
 }
 
 int Compositor::Showings() const

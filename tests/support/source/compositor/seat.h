@@ -11,7 +11,7 @@
 
 namespace support::wayland {
 
-/// One keyboard with a US layout and one pointer.
+/// One keyboard, with a US layout at first, and one pointer.
 class Seat final
 {
 public:
@@ -20,9 +20,22 @@ public:
     /// Gives the keyboard to a surface, or to none for null.
     void SetFocus(const SurfacePointer& surface);
 
-    // Both go to the surface in focus. The pointer is there for the length of a click only.
+    /// Goes to the surface in focus.
     void PressKey(std::uint32_t key);
-    void Click(QPoint point);
+
+    void MovePointer(const Spot& spot);
+
+    /// Presses and releases the left button where the pointer is.
+    void Click() const;
+
+    /// Layouts by their names in xkb, parted by commas, and the one in use. Without any, the
+    /// keyboard is the US one.
+    void SetLayouts(const std::string& layouts);
+    [[nodiscard]] const std::string& Layouts() const;
+    [[nodiscard]] std::uint32_t Group() const;
+
+    /// Takes the next layout, after the last one the first. @returns whether there is another one
+    bool StepLayout();
 
 private:
     using Devices = std::set<wl_resource*>;
@@ -30,14 +43,19 @@ private:
     void Bind(const NewObject& object);
     static wl_resource* MakeDevice(Devices& devices, const NewObject& object);
     void MakeKeyboard(const NewObject& object);
-    [[nodiscard]] std::vector<wl_resource*> InFocus(const Devices& devices) const;
+    static std::vector<wl_resource*> DevicesOf(const SurfacePointer& surface,
+                                               const Devices& devices);
+    void SendGroup() const;
     [[nodiscard]] std::uint32_t NextSerial() const;
 
     wl_display* m_display;
+    std::string m_layouts = "us";
+    std::uint32_t m_group = 0;
     std::string m_keymap;
     Devices m_keyboards;
     Devices m_pointers;
     SurfacePointer m_focus;
+    SurfacePointer m_pointed;
     Global m_global;
 };
 

@@ -25,15 +25,35 @@ QImage CopyContent(wl_shm_buffer* buffer)
     return copy;
 }
 
-// Lets a toplevel show itself, in a size of its own choice.
+// Lets a toplevel show itself, in a size of its own choice, or a popup where it wants to be.
 void Configure(Surface& surface)
 {
-    std::uint32_t activated = XDG_TOPLEVEL_STATE_ACTIVATED;
-    wl_array states{sizeof(activated), sizeof(activated), &activated};
-    xdg_toplevel_send_configure(surface.toplevel, 0, 0, &states);
+    if (surface.popup != nullptr)
+    {
+        const QRect& area = surface.area;
+        xdg_popup_send_configure(surface.popup, area.x(), area.y(), area.width(), area.height());
+    }
+    else
+    {
+        std::uint32_t activated = XDG_TOPLEVEL_STATE_ACTIVATED;
+        wl_array states{sizeof(activated), sizeof(activated), &activated};
+        xdg_toplevel_send_configure(surface.toplevel, 0, 0, &states);
+    }
     wl_display* display = wl_client_get_display(wl_resource_get_client(surface.surface));
     xdg_surface_send_configure(surface.shellSurface, wl_display_next_serial(display));
     surface.configured = true;
+}
+
+// Goes through a surface and all its popups, each with its corner on the screen, from below.
+void Visit(const SurfacePointer& surface,
+           QPoint corner,
+           const std::function<void(const SurfacePointer&, QPoint)>& visit)
+{
+    visit(surface, corner);
+    for (const SurfacePointer& popup : surface->popups)
+    {
+        Visit(popup, corner + popup->area.topLeft(), visit);
+    }
 }
 
 }  // namespace
@@ -53,6 +73,51 @@ Surfaces::Surfaces(wl_display* display, std::function<void()> stackChanged)
 const std::vector<SurfacePointer>& Surfaces::Stack() const
 {
     return m_stack;
+}
+
+std::vector<QRect> Surfaces::Popups() const
+{
+    std::vector<QRect> popups;
+    const auto add = [&popups](const SurfacePointer& surface, QPoint corner)
+    {
+        if (surface->popup != nullptr)
+        {
+            popups.emplace_back(corner, surface->content.size());
+        }
+    };
+    for (const SurfacePointer& toplevel : m_stack)
+    {
+        Visit(toplevel, {}, add);
+    }
+    return popups;
+}
+
+void Surfaces::DismissPopups() const
+{
+    for (const auto& [resource, surface] : m_all)
+    {
+        if (surface->popup != nullptr)
+        {
+            xdg_popup_send_popup_done(surface->popup);
+        }
+    }
+}
+
+Spot Surfaces::At(QPoint place) const
+{
+    Spot spot;
+    const auto look = [&](const SurfacePointer& surface, QPoint corner)
+    {
+        if (surface->content.valid(place - corner))
+        {
+            spot = {surface, place - corner};
+        }
+    };
+    if (!m_stack.empty())
+    {
+        Visit(m_stack.back(), {}, look);
+    }
+    return spot;
 }
 
 int Surfaces::Showings() const
@@ -78,9 +143,13 @@ QImage Surfaces::Compose(QSize size, QRgb background) const
     QImage screen(size, QImage::Format_RGB32);
     screen.fill(background);
     QPainter painter(&screen);
-    for (const SurfacePointer& surface : m_stack)
+    const auto draw = [&painter](const SurfacePointer& surface, QPoint corner)
     {
-        painter.drawImage(0, 0, surface->content);
+        painter.drawImage(corner, surface->content);
+    };
+    for (const SurfacePointer& toplevel : m_stack)
+    {
+        Visit(toplevel, {}, draw);
     }
     return screen;
 }
@@ -109,7 +178,13 @@ void Surfaces::BindShell(const NewObject& object)
     {
         m_answered = a[0].u;
     };
-    *shell = MakeObject(object, {{"get_xdg_surface", getSurface}, {"pong", pong}});
+    const auto createPositioner = [this, client = object.client](Arguments a)
+    {
+        m_positioners.Make({client, xdg_positioner_interface, 1, a[0].n});
+    };
+    *shell = MakeObject(
+        object,
+        {{"get_xdg_surface", getSurface}, {"create_positioner", createPositioner}, {"pong", pong}});
 }
 
 void Surfaces::MakeSurface(const NewObject& object)
@@ -147,13 +222,19 @@ void Surfaces::MakeShellSurface(wl_resource* shell, std::uint32_t id, wl_resourc
     {
         MakeToplevel({client, xdg_toplevel_interface, 1, a[0].n}, surface);
     };
+    const auto getPopup = [=, this](Arguments a)
+    {
+        MakePopup(
+            {client, xdg_popup_interface, 1, a[0].n}, surface, ObjectAt(a, 1), ObjectAt(a, 2));
+    };
     const auto destroyed = [surface](wl_resource* /*gone*/)
     {
         surface->shellSurface = nullptr;
     };
     surface->shell = shell;
-    surface->shellSurface = MakeObject(
-        {client, xdg_surface_interface, 1, id}, {{"get_toplevel", getToplevel}}, destroyed);
+    surface->shellSurface = MakeObject({client, xdg_surface_interface, 1, id},
+                                       {{"get_toplevel", getToplevel}, {"get_popup", getPopup}},
+                                       destroyed);
 }
 
 void Surfaces::MakeToplevel(const NewObject& object, const SurfacePointer& surface)
@@ -168,6 +249,34 @@ void Surfaces::MakeToplevel(const NewObject& object, const SurfacePointer& surfa
         Hide(surface);
     };
     surface->toplevel = MakeObject(object, {{"set_title", setTitle}}, destroyed);
+}
+
+void Surfaces::MakePopup(const NewObject& object,
+                         const SurfacePointer& surface,
+                         wl_resource* parent,
+                         wl_resource* positioner)
+{
+    const auto found = std::find_if(m_all.begin(),
+                                    m_all.end(),
+                                    [parent](const auto& candidate)
+                                    { return candidate.second->shellSurface == parent; });
+    const auto area = m_positioners.Area(positioner);
+    if (parent == nullptr || found == m_all.end() || !area)
+    {
+        // As in every session, such a client is thrown out.
+        wl_resource_post_error(
+            surface->shell, XDG_WM_BASE_ERROR_INVALID_POSITIONER, "No place for a popup");
+        return;
+    }
+    const auto destroyed = [this, surface](wl_resource* /*gone*/)
+    {
+        Hide(surface);
+        surface->popup = nullptr;
+        surface->parent = nullptr;
+    };
+    surface->parent = found->second;
+    surface->area = *area;
+    surface->popup = MakeObject(object, {}, destroyed);
 }
 
 void Surfaces::Commit(const SurfacePointer& surface)
@@ -185,7 +294,7 @@ void Surfaces::Commit(const SurfacePointer& surface)
             Hide(surface);
         }
     }
-    else if (surface->toplevel != nullptr && !surface->configured)
+    else if ((surface->toplevel != nullptr || surface->popup != nullptr) && !surface->configured)
     {
         Configure(*surface);
     }
@@ -198,10 +307,18 @@ void Surfaces::Commit(const SurfacePointer& surface)
 
 void Surfaces::Show(const SurfacePointer& surface)
 {
-    const bool shown = std::find(m_stack.begin(), m_stack.end(), surface) != m_stack.end();
-    if (surface->toplevel != nullptr && !shown)
+    if (surface->toplevel == nullptr && surface->popup == nullptr)
     {
-        m_stack.push_back(surface);
+        return;
+    }
+    auto& shown = surface->popup != nullptr ? surface->parent->popups : m_stack;
+    if (std::find(shown.begin(), shown.end(), surface) != shown.end())
+    {
+        return;
+    }
+    shown.push_back(surface);
+    if (surface->toplevel != nullptr)
+    {
         ++m_showings;
         m_stackChanged();
     }
@@ -210,6 +327,10 @@ void Surfaces::Show(const SurfacePointer& surface)
 void Surfaces::Hide(const SurfacePointer& surface)
 {
     surface->configured = false;
+    if (surface->parent)
+    {
+        std::erase(surface->parent->popups, surface);
+    }
     if (std::erase(m_stack, surface) != 0)
     {
         m_stackChanged();

@@ -8,6 +8,7 @@
 #include <QImage>
 
 #include "object.h"
+#include "positioners.h"
 
 namespace support::wayland {
 
@@ -19,17 +20,31 @@ struct Surface
     wl_resource* shell = nullptr;
     wl_resource* shellSurface = nullptr;
     wl_resource* toplevel = nullptr;
+    wl_resource* popup = nullptr;
     bool configured = false;
     wl_resource* pendingBuffer = nullptr;
     bool attached = false;
     std::vector<wl_resource*> frames;
     QImage content;
     std::string title;
+    /// Of a popup: whose it is, and where it lies relative to that.
+    std::shared_ptr<Surface> parent;
+    QRect area;
+    /// Its popups that are shown, the topmost one last.
+    std::vector<std::shared_ptr<Surface>> popups;
 };
 
 using SurfacePointer = std::shared_ptr<Surface>;
 
-/// The surfaces of all clients, the toplevels among them, and the stack of what is shown.
+/// A place on a surface; on none for null.
+struct Spot
+{
+    SurfacePointer surface;
+    QPoint place;
+};
+
+/// The surfaces of all clients, the toplevels and their popups among them, and the stack of what is
+/// shown.
 class Surfaces final
 {
 public:
@@ -37,6 +52,15 @@ public:
 
     /// Shown toplevels, the topmost one last.
     [[nodiscard]] const std::vector<SurfacePointer>& Stack() const;
+
+    /// Where the shown popups lie on the screen, each after the one that it belongs to.
+    [[nodiscard]] std::vector<QRect> Popups() const;
+
+    /// Asks the clients to take all popups away.
+    void DismissPopups() const;
+
+    /// What lies at that place of the screen, of the topmost toplevel and its popups.
+    [[nodiscard]] Spot At(QPoint place) const;
 
     /// How many times a toplevel has come up so far.
     [[nodiscard]] int Showings() const;
@@ -55,12 +79,17 @@ private:
     void MakeSurface(const NewObject& object);
     void MakeShellSurface(wl_resource* shell, std::uint32_t id, wl_resource* resource);
     void MakeToplevel(const NewObject& object, const SurfacePointer& surface);
+    void MakePopup(const NewObject& object,
+                   const SurfacePointer& surface,
+                   wl_resource* parent,
+                   wl_resource* positioner);
     void Commit(const SurfacePointer& surface);
     void Show(const SurfacePointer& surface);
     void Hide(const SurfacePointer& surface);
 
     std::function<void()> m_stackChanged;
     std::map<wl_resource*, SurfacePointer> m_all;
+    Positioners m_positioners;
     std::vector<SurfacePointer> m_stack;
     int m_showings = 0;
     std::uint32_t m_answered = 0;
