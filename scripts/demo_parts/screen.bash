@@ -19,13 +19,16 @@ $width $height
 }
 
 # Two equal pictures in a row tell that nothing changes any more.
-dialog_is_up() {
+screen_is_still() {
     local picture=$folder/terminal/screen.ppm last=$folder/terminal/last.ppm
     if [[ -e $picture ]]; then
         mv "$picture" "$last"
     fi
-    on_screen grim -t ppm "$picture" 2>/dev/null && shows_dialog "$picture" &&
-        cmp -s "$picture" "$last"
+    on_screen grim -t ppm "$picture" 2>/dev/null && cmp -s "$picture" "$last"
+}
+
+dialog_is_up() {
+    screen_is_still && shows_dialog "$folder/terminal/screen.ppm"
 }
 
 wait_for_dialog() {
