@@ -147,7 +147,7 @@ void ChildReader::ReadCommand(const toml::table& table, ChildConfig& child) cons
 
 std::string ChildReader::ReadProgram(const toml::node& node) const
 {
-    const std::string word = m_toml.NonEmptyText(node, "the program");
+    std::string word = m_toml.NonEmptyText(node, "the program");
     if (word.front() == '/')
     {
         return word;
@@ -168,7 +168,7 @@ void ChildReader::ReadEnvironment(const toml::table& table, ChildConfig& child) 
     }
     if (!node->is_table())
     {
-        m_toml.Refuse(node->source(), "\"environment\" is a table, as in {{ NAME = \"value\" }}");
+        m_toml.Refuse(node->source(), R"("environment" is a table, as in {{ NAME = "value" }})");
     }
     for (const auto& [key, value] : *node->as_table())
     {
@@ -234,7 +234,7 @@ void ChildReader::ReadCommands(const toml::table& table, ChildConfig& child) con
         const auto* const command = std::find_if(Commands.begin(), Commands.end(), isMeant);
         if (command == Commands.end())
         {
-            m_toml.Refuse(node.source(), "a command is \"show\", \"hide\" or \"close\"");
+            m_toml.Refuse(node.source(), R"(a command is "show", "hide" or "close")");
         }
         child.commands.insert(*command);
     }
@@ -254,8 +254,7 @@ void ChildReader::ReadLimits(const toml::table& table, ChildConfig& child) const
     {
         if (const toml::node* const node = table.get("restart_delay_max"))
         {
-            m_toml.Refuse(node->source(),
-                          "\"restart_delay_max\" is shorter than \"restart_delay\"");
+            m_toml.Refuse(node->source(), R"("restart_delay_max" is shorter than "restart_delay")");
         }
         limits.restartDelayMax = limits.restartDelay;
     }

@@ -18,7 +18,7 @@ void TomlReader::AllowKeys(const toml::table& table, const std::set<std::string_
 {
     for (const auto& [key, value] : table)
     {
-        if (known.count(key.str()) == 0)
+        if (!known.contains(key.str()))
         {
             Refuse(key.source(), "unknown key \"{}\"", key.str());
         }

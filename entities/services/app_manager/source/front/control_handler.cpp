@@ -117,7 +117,7 @@ int ControlHandler::Obey(std::string_view name, std::uint8_t number)
     {
         return refusals::NotForServices;
     }
-    return config.commands.count(*command) == 0 ? refusals::NotAllowed : Send(*child, *command);
+    return config.commands.contains(*command) ? Send(*child, *command) : refusals::NotAllowed;
 }
 
 int ControlHandler::Send(ManagedChild& child, control::Command command)

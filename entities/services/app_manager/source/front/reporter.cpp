@@ -6,7 +6,7 @@
 namespace app_manager::service {
 
 Reporter::Reporter(Terminal& terminal, std::string_view name, std::uint32_t pid)
-    : child(terminal.FindApplication(name, pid)), refusal(0)
+    : child(terminal.FindApplication(name, pid))
 {
     if (child != nullptr)
     {

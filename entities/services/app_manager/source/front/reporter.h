@@ -14,7 +14,7 @@ struct Reporter
     Reporter(Terminal& terminal, std::string_view name, std::uint32_t pid);
 
     ManagedChild* child;  ///< null: the report does not count
-    int refusal;          ///< then: why; 0 otherwise
+    int refusal = 0;      ///< then: why; 0 otherwise
 };
 
 }  // namespace app_manager::service

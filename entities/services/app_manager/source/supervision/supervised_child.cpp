@@ -233,7 +233,7 @@ void SupervisedChild::OnInternalError(const Instant& now,
     if (IsUp())
     {
         Blame(EndKind::InternalError,
-              fmt::format("the application has reported \"{}\": \"{}\"", error, description));
+              fmt::format(R"(the application has reported "{}": "{}")", error, description));
         Enter(Phase::Exiting, now, m_config.limits.exit);
     }
 }
