@@ -243,15 +243,16 @@ void Terminal::StopNext()
 {
     const Instant now = Now();
     bool isWaiting = false;
-    for (auto row = m_children.rbegin(); row != m_children.rend(); ++row)
+    const auto stop = [&](const auto& managed)
     {
-        SupervisedChild& child = (*row)->Supervision();
+        SupervisedChild& child = managed->Supervision();
         if (!isWaiting || !child.HasProcess())
         {
             child.Stop(now, Afterwards::StayAway, "the terminal is stopped");
         }
         isWaiting = isWaiting || child.HasProcess();
-    }
+    };
+    std::for_each(m_children.rbegin(), m_children.rend(), stop);
     if (!isWaiting && m_leaving.empty())
     {
         m_loop.Stop();
