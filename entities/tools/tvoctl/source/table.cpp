@@ -18,7 +18,7 @@ std::size_t Width(const std::string& text)
 
 }  // namespace
 
-Table::Table(std::vector<std::string> heads) : m_widths(heads.size())
+Table::Table(const std::vector<std::string>& heads) : m_widths(heads.size())
 {
     Add(heads);
 }

@@ -11,7 +11,7 @@ namespace tvoctl {
 class Table final
 {
 public:
-    explicit Table(std::vector<std::string> heads);
+    explicit Table(const std::vector<std::string>& heads);
 
     /// @param cells  as many as there are heads
     void Add(const std::vector<std::string>& cells);
