@@ -3,6 +3,7 @@
 #include "application_calls.h"
 #include "bus_calls.h"
 #include "event_wake_ups.h"
+#include "kit_rows.h"
 #include "log_lines.h"
 #include "server_process.h"
 #include "settings_rows.h"
@@ -50,7 +51,7 @@ std::unique_ptr<Contender> MakeDconfNotificationsOnDisk()
 
 std::vector<Row> AllRows()
 {
-    return {
+    std::vector<Row> rows{
         {"call_small", 1.25, MakeCallsOfOne, MakePacketCalls},
 #ifdef TVO_BENCH_SDBUS
         {"call_small_sdbus", 0.90, MakeCallsOfOne, MakePeerBusCalls},
@@ -81,6 +82,11 @@ std::vector<Row> AllRows()
         {"start_to_ready", 1.3, MakeApplicationStarts, MakeToolStarts, 21, Processors::All},
 #endif
     };
+    for (Row& row : KitRows())
+    {
+        rows.push_back(std::move(row));
+    }
+    return rows;
 }
 
 const std::map<std::string, Server>& ServersByName()
@@ -88,6 +94,7 @@ const std::map<std::string, Server>& ServersByName()
     static const std::map<std::string, Server> servers{
         {"approvals", ServeApprovals},
         {"commands", ServeCommands},
+        {"controls", ServeControls},
 #ifdef TVO_BENCH_SDBUS
         {"daemon_bus", ServeDaemonBus},
         {"peer_bus", ServePeerBus},

@@ -110,16 +110,14 @@ Item {
                 }
 
                 // The strip clips: the frame stands at the thumbnail's edge.
-                Outline {
-                    outlinedComponent: inset
-                    visible: list.activeFocus && thumbnail.ListView.isCurrentItem
-                }
-
-                Item {
-                    id: inset
-
+                Loader {
                     anchors.fill: parent
                     anchors.margins: 4
+                    active: list.activeFocus && thumbnail.ListView.isCurrentItem
+                    sourceComponent: Item {
+                        Outline {
+                        }
+                    }
                 }
             }
         }

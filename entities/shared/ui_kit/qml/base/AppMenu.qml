@@ -111,9 +111,9 @@ Item {
             Keys.onEnterPressed: press()
             Keys.onReturnPressed: press()
 
-            Outline {
-                outlineRadius: 16
-                visible: button.visualFocus
+            FocusFrame {
+                frameRadius: 16
+                active: button.visualFocus
             }
 
             RightClickedMouseArea {

@@ -98,9 +98,9 @@ CheckBox {
         onClicked: root.toggle()
     }
 
-    Outline {
-        outlinedComponent: root.indicator
-        visible: root.visualFocus
+    FocusFrame {
+        target: root.indicator
+        active: root.visualFocus
     }
 
     Loader {

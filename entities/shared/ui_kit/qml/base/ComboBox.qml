@@ -39,10 +39,9 @@ Item {
             return;
         }
         oldIndex = currentIndex;
-        field.clear();
         text = "";
         editModeOn = true;
-        field.forceActiveFocus();
+        search.field.forceActiveFocus();
         fitList();
     }
 
@@ -50,18 +49,19 @@ Item {
         if (!editModeOn) {
             return;
         }
-        const hadFocus = field.activeFocus;
+        const hadFocus = search.activeFocus;
+        const sought = search.field.text;
         editModeOn = false;
-        field.focus = false;
+        search.focus = false;
         if (hadFocus) {
             box.forceActiveFocus();
         }
-        const newIndex = searchModel ? searchModel.GetIdByDescription(field.text) : -1;
+        const newIndex = searchModel ? searchModel.GetIdByDescription(sought) : -1;
         if (newIndex < 0) {
             foundText = describe(oldIndex);
             return;
         }
-        foundText = field.text;
+        foundText = sought;
         indexChanged(newIndex);
         currentIndex = newIndex;
     }
@@ -92,6 +92,9 @@ Item {
 
     ComboBox {
         id: box
+
+        // The text ends before the indicator.
+        readonly property real textRightMargin: rightPadding + indicator.width + 10
 
         anchors.fill: parent
         enabled: !root.isBlocked
@@ -179,8 +182,8 @@ Item {
         onActivated: index => {
             if (!root.searchModel) {
                 root.indexChanged(index);
-            } else if (textAt(index) !== "") {
-                field.text = textAt(index);
+            } else if (search.field && textAt(index) !== "") {
+                search.field.text = textAt(index);
             }
         }
         onActiveFocusChanged: {
@@ -201,66 +204,41 @@ Item {
         // A binding would wait until the box itself opens the list, which keys do without it.
         Component.onCompleted: popup = menu
 
-        RowLayout {
+        TextLabel {
+            anchors.left: parent.left
+            anchors.leftMargin: 16
+            anchors.right: parent.right
+            anchors.rightMargin: box.textRightMargin
+            anchors.verticalCenter: parent.verticalCenter
+            visible: !root.editModeOn
+            text: box.displayText
+            textFormat: Text.PlainText
+            color: root.textColor
+            horizontalAlignment: Text.AlignLeft
+            wrapMode: Text.NoWrap
+            elide: Text.ElideRight
+            Accessible.ignored: true
+        }
+
+        Loader {
+            id: search
+
+            readonly property TextField field: item?.field ?? null
+
             anchors.fill: parent
             anchors.leftMargin: 16
-            anchors.rightMargin: box.rightPadding + box.indicator.width + spacing
-            spacing: 10
-
-            SharpImage {
-                Layout.preferredWidth: 20
-                Layout.preferredHeight: 20
-                visible: root.editModeOn
-                source: "qrc:/ui_kit/images/combobox/magnifier_icon"
-            }
-
-            TextField {
-                id: field
-
-                Layout.fillWidth: true
-                Layout.fillHeight: true
-                visible: root.editModeOn
-                padding: 0
-                background: null
-                selectByMouse: true
-                color: root.textColor
-                font.family: "Vantelore Sans Text"
-                font.pixelSize: 16
-                selectionColor: root.pal ? root.pal.purpleSecondary : "#FF0000"
-                selectedTextColor: "#FAFFFFFF"
-                cursorDelegate: InputCursor {
-                    color: root.pal ? root.pal.purpleSubPrimary : "#8C8CFF"
-                }
-
-                Accessible.role: Accessible.EditableText
-                Accessible.name: root.accessibleName
-
-                onTextEdited: {
-                    root.text = text;
-                    root.fitList();
-                }
-            }
-
-            TextLabel {
-                Layout.fillWidth: true
-                visible: !root.editModeOn
-                text: box.displayText
-                textFormat: Text.PlainText
-                color: root.textColor
-                horizontalAlignment: Text.AlignLeft
-                wrapMode: Text.NoWrap
-                elide: Text.ElideRight
-                Accessible.ignored: true
-            }
+            anchors.rightMargin: box.textRightMargin
+            active: root.editModeOn
+            sourceComponent: searchLine
         }
 
         RightClickedMouseArea {
             anchors.fill: parent
         }
 
-        Outline {
-            outlineRadius: 16
-            visible: box.visualFocus
+        FocusFrame {
+            frameRadius: 16
+            active: box.visualFocus
         }
     }
 
@@ -322,6 +300,48 @@ Item {
             y: box.height
             text: root.tooltipText
             state: root.containsMouse ? "Visible" : "Invisible"
+        }
+    }
+
+    Component {
+        id: searchLine
+
+        RowLayout {
+            readonly property alias field: input
+
+            spacing: 10
+
+            SharpImage {
+                Layout.preferredWidth: 20
+                Layout.preferredHeight: 20
+                source: "qrc:/ui_kit/images/combobox/magnifier_icon"
+            }
+
+            TextField {
+                id: input
+
+                Layout.fillWidth: true
+                Layout.fillHeight: true
+                padding: 0
+                background: null
+                selectByMouse: true
+                color: root.textColor
+                font.family: "Vantelore Sans Text"
+                font.pixelSize: 16
+                selectionColor: root.pal ? root.pal.purpleSecondary : "#FF0000"
+                selectedTextColor: "#FAFFFFFF"
+                cursorDelegate: InputCursor {
+                    color: root.pal ? root.pal.purpleSubPrimary : "#8C8CFF"
+                }
+
+                Accessible.role: Accessible.EditableText
+                Accessible.name: root.accessibleName
+
+                onTextEdited: {
+                    root.text = text;
+                    root.fitList();
+                }
+            }
         }
     }
 }

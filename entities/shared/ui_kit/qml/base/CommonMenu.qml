@@ -112,9 +112,9 @@ Item {
                 Keys.onEnterPressed: clicked()
                 Keys.onReturnPressed: clicked()
 
-                Outline {
-                    outlineRadius: 16
-                    visible: row.visualFocus
+                FocusFrame {
+                    frameRadius: 16
+                    active: row.visualFocus
                 }
 
                 RightClickedMouseArea {

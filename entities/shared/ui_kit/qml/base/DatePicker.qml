@@ -210,7 +210,8 @@ Popup {
                     opacity: shown ? 1 : 0
 
                     Accessible.role: Accessible.Cell
-                    Accessible.name: date.toLocaleDateString(root.locale, Locale.LongFormat)
+                    Accessible.name: shown ? date.toLocaleDateString(root.locale, Locale.LongFormat)
+                                           : ""
                     Accessible.ignored: !shown
                     Accessible.selected: marked
                     Accessible.onPressAction: choose()

@@ -40,8 +40,8 @@ Button {
     Keys.onEnterPressed: clicked()
     Keys.onReturnPressed: clicked()
 
-    Outline {
-        visible: root.visualFocus
+    FocusFrame {
+        active: root.visualFocus
     }
 
     RightClickedMouseArea {

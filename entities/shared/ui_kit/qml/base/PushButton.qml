@@ -9,10 +9,39 @@ Button {
     property int fontPixelSize: 16
     property real radius: 16
     property string hintText
-    property color normalColor
-    property color hoverColor
-    property color pressedColor
-    property color contentColor
+    property color normalColor: {
+        if (state === "Light") {
+            return pal ? pal.purpleBackground : "#9C9CFF";
+        }
+        if (state === "Alternative") {
+            return pal ? pal.contentBackground : "#9C9CFF";
+        }
+        return pal ? pal.purplePrimary : "#9C9CFF";
+    }
+    property color hoverColor: {
+        if (state === "Light") {
+            return pal ? pal.purpleBorder : "#8C8CFF";
+        }
+        if (state === "Alternative") {
+            return pal ? pal.contentBorder : "#8C8CFF";
+        }
+        return pal ? pal.purpleSubPrimary : "#8C8CFF";
+    }
+    property color pressedColor: {
+        if (state === "Light") {
+            return pal ? pal.purpleDisabled : "#9C9CFF";
+        }
+        if (state === "Alternative") {
+            return pal ? pal.contentDisabled : "#9C9CFF";
+        }
+        return pal ? pal.purpleSecondary : "#9C9CFF";
+    }
+    property color contentColor: {
+        if (state === "Light") {
+            return pal ? pal.purplePrimary : "#9C9CFF";
+        }
+        return pal ? pal.contentPrimary : "white";
+    }
     property color disabledColor: root.pal ? root.pal.contentBackground : "black"
 
     implicitWidth: 190
@@ -63,47 +92,11 @@ Button {
         }
     }
 
-    states: [
-        State {
-            name: "Normal"
-
-            PropertyChanges {
-                target: root
-                normalColor: root.pal ? root.pal.purplePrimary : "#9C9CFF"
-                hoverColor: root.pal ? root.pal.purpleSubPrimary : "#8C8CFF"
-                pressedColor: root.pal ? root.pal.purpleSecondary : "#9C9CFF"
-                contentColor: root.pal ? root.pal.contentPrimary : "white"
-            }
-        },
-        State {
-            name: "Light"
-
-            PropertyChanges {
-                target: root
-                normalColor: root.pal ? root.pal.purpleBackground : "#9C9CFF"
-                hoverColor: root.pal ? root.pal.purpleBorder : "#8C8CFF"
-                pressedColor: root.pal ? root.pal.purpleDisabled : "#9C9CFF"
-                contentColor: root.pal ? root.pal.purplePrimary : "#9C9CFF"
-            }
-        },
-        State {
-            name: "Alternative"
-
-            PropertyChanges {
-                target: root
-                normalColor: root.pal ? root.pal.contentBackground : "#9C9CFF"
-                hoverColor: root.pal ? root.pal.contentBorder : "#8C8CFF"
-                pressedColor: root.pal ? root.pal.contentDisabled : "#9C9CFF"
-                contentColor: root.pal ? root.pal.contentPrimary : "white"
-            }
-        }
-    ]
-
     Keys.onEnterPressed: clicked()
     Keys.onReturnPressed: clicked()
 
-    Outline {
-        visible: root.visualFocus
+    FocusFrame {
+        active: root.visualFocus
     }
 
     RightClickedMouseArea {

@@ -86,9 +86,9 @@ RadioButton {
         anchors.fill: parent
     }
 
-    Outline {
-        outlinedComponent: root.indicator
-        outlineRadius: 6
-        visible: root.visualFocus
+    FocusFrame {
+        target: root.indicator
+        frameRadius: 6
+        active: root.visualFocus
     }
 }

@@ -82,9 +82,9 @@ Item {
         onClicked: view.forceActiveFocus(Qt.MouseFocusReason)
     }
 
-    Outline {
-        outlineRadius: 12
-        visible: view.visualFocus
+    FocusFrame {
+        frameRadius: 12
+        active: view.visualFocus
     }
 
     FontMetrics {

@@ -149,9 +149,9 @@ Item {
             Keys.onEnterPressed: root.clicked()
             Keys.onReturnPressed: root.clicked()
 
-            Outline {
-                outlinedComponent: switchButton.indicator
-                visible: switchButton.visualFocus
+            FocusFrame {
+                target: switchButton.indicator
+                active: switchButton.visualFocus
             }
         }
     }

@@ -76,6 +76,7 @@ Item {
         }
 
         function test_sizes() {
+            button.forceActiveFocus(Qt.TabFocusReason);
             compare([button.width, button.height, root.dot.parent.radius, outlineOf(button).radius],
                     [24, 24, 13, 6]);
             compare([root.dot.x, root.dot.width, root.dot.radius, root.dot.visible],
