@@ -1,6 +1,6 @@
 #include "options.h"
 
-#include <CLI/CLI.hpp>
+#include <shared/common/utils/command_line.h>
 
 namespace app_manager::service {
 namespace {
@@ -23,18 +23,7 @@ Options ParseOptions(int argc, const char* const* argv)
         ->required();
     app.add_flag("--check", options.isCheck, "only say whether the file can be used");
     app.footer(Footer);
-    try
-    {
-        app.parse(argc, argv);
-    }
-    catch (const CLI::CallForHelp&)
-    {
-        options.help = app.help();
-    }
-    catch (const CLI::ParseError& error)
-    {
-        throw BadUse(error.what());
-    }
+    options.help = ::common::utils::ParseCommandLine(app, argc, argv);
     return options;
 }
 

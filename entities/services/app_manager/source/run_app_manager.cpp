@@ -10,6 +10,7 @@
 #include <component/logger/logger.h>
 #include <component/plk/process_exception.h>
 #include <shared/common/tvo/service/i_service_loop.h>
+#include <shared/common/utils/bad_use.h>
 #include <shared/common/utils/platform_log.h>
 
 #include "config/config_reader.h"
@@ -130,7 +131,7 @@ int RunAppManager(int argc, const char* const* argv)
         }
         return Run(options);
     }
-    catch (const BadUse& error)
+    catch (const ::common::utils::BadUse& error)
     {
         std::fprintf(stderr, "app_manager: %s\n", error.what());
         return WrongUse;

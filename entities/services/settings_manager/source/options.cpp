@@ -3,9 +3,8 @@
 #include <iterator>
 #include <set>
 
-#include <CLI/CLI.hpp>
-
 #include <component/settings_manager/tvo_ipc/service_names.h>
+#include <shared/common/utils/command_line.h>
 
 namespace settings_manager::service {
 namespace {
@@ -39,22 +38,10 @@ Options ParseOptions(int argc, const char* const* argv)
     bool isInMemory = false;
     CLI::App app(Description, "settings_manager");
     Declare(app, options, isInMemory);
-    try
+    options.help = ::common::utils::ParseCommandLine(app, argc, argv);
+    if (options.help.empty() && !isInMemory && options.database.empty())
     {
-        app.parse(argc, argv);
-    }
-    catch (const CLI::CallForHelp&)
-    {
-        options.help = app.help();
-        return options;
-    }
-    catch (const CLI::ParseError& error)
-    {
-        throw BadUse(error.what());
-    }
-    if (!isInMemory && options.database.empty())
-    {
-        throw BadUse("--database needs the name of a file");
+        throw ::common::utils::BadUse("--database needs the name of a file");
     }
     return options;
 }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <stdexcept>
 #include <string>
 
 namespace settings_manager::service {
@@ -12,14 +11,7 @@ struct Options
     std::string help;      ///< not empty: to be printed, and nothing else to be done
 };
 
-/// The program was called in a wrong way; the text says how.
-class BadUse final : public std::runtime_error
-{
-public:
-    using std::runtime_error::runtime_error;
-};
-
-/// @throws BadUse
+/// @throws common::utils::BadUse
 [[nodiscard]] Options ParseOptions(int argc, const char* const* argv);
 
 }  // namespace settings_manager::service

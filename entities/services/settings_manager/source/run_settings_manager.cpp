@@ -12,6 +12,7 @@
 #include <component/plk/process_exception.h>
 #include <component/settings_manager/tvo_ipc/service_names.h>
 #include <shared/common/tvo/service/i_service_loop.h>
+#include <shared/common/utils/bad_use.h>
 #include <shared/common/utils/platform_log.h>
 #include <tvo/task.h>
 
@@ -104,7 +105,7 @@ int RunSettingsManager(int argc, const char* const* argv)
         }
         return ServeOrLog(options);
     }
-    catch (const BadUse& error)
+    catch (const ::common::utils::BadUse& error)
     {
         std::fprintf(stderr, "settings_manager: %s\n", error.what());
         return WrongUse;

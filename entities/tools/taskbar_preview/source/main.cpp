@@ -4,6 +4,7 @@
 #include <QGuiApplication>
 
 #include <component/logger/logger.h>
+#include <shared/common/utils/bad_use.h>
 
 #include "options.h"
 #include "taskbar.h"
@@ -42,7 +43,7 @@ try
         throw std::runtime_error(options.screenshot + " can not be written");
     return DoneStatus;
 }
-catch (const taskbar_preview::BadUse& error)
+catch (const ::common::utils::BadUse& error)
 {
     return Report(BadUseStatus, error.what());
 }

@@ -1,6 +1,6 @@
 #include "options.h"
 
-#include <CLI/CLI.hpp>
+#include <shared/common/utils/command_line.h>
 
 namespace taskbar_preview {
 namespace {
@@ -38,18 +38,7 @@ Options ParseOptions(int argc, const char* const* argv)
     Options options;
     CLI::App app(Description, "taskbar_preview");
     Declare(app, options);
-    try
-    {
-        app.parse(argc, argv);
-    }
-    catch (const CLI::CallForHelp&)
-    {
-        options.help = app.help();
-    }
-    catch (const CLI::ParseError& error)
-    {
-        throw BadUse(error.what());
-    }
+    options.help = ::common::utils::ParseCommandLine(app, argc, argv);
     return options;
 }
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -17,14 +16,7 @@ struct Options
     std::string help;        ///< to be printed instead of anything else
 };
 
-/// Wrong use, in words for the user.
-class BadUse : public std::runtime_error
-{
-public:
-    using std::runtime_error::runtime_error;
-};
-
-/// @throws BadUse
+/// @throws common::utils::BadUse
 Options ParseOptions(int argc, const char* const* argv);
 
 }  // namespace taskbar_preview

@@ -5,6 +5,7 @@
 #include <QGuiApplication>
 
 #include <component/logger/logger.h>
+#include <shared/common/utils/bad_use.h>
 
 #include "documentation.h"
 #include "gallery.h"
@@ -80,7 +81,7 @@ try
     std::setlocale(LC_CTYPE, "C.UTF-8");
     return Run(options);
 }
-catch (const ui_kit_gallery::BadUse& error)
+catch (const ::common::utils::BadUse& error)
 {
     return Report(BadUseStatus, error.what());
 }

@@ -1,6 +1,6 @@
 #include "options.h"
 
-#include <CLI/CLI.hpp>
+#include <shared/common/utils/command_line.h>
 
 #include "page_list.h"
 #include "palette_choice.h"
@@ -53,18 +53,7 @@ Options ParseOptions(int argc, const char* const* argv)
     Options options;
     CLI::App app(Description, "ui_kit_gallery");
     Declare(app, options);
-    try
-    {
-        app.parse(argc, argv);
-    }
-    catch (const CLI::CallForHelp&)
-    {
-        options.help = app.help();
-    }
-    catch (const CLI::ParseError& error)
-    {
-        throw BadUse(error.what());
-    }
+    options.help = ::common::utils::ParseCommandLine(app, argc, argv);
     return options;
 }
 
