@@ -203,9 +203,10 @@ private:
         QQuickItem& page = *m_pages.emplace_back(m_stage.MakePage());
         for (int i = 0; i < Columns * Lines; ++i)
         {
+            const int line = i / Columns;
             Stage::Add(*m_document, m_control, page)
                 .setPosition({1. * PageSize.width() / Columns * (i % Columns),
-                              1. * PageSize.height() / Lines * (i / Columns)});
+                              1. * PageSize.height() / Lines * line});
         }
         m_stage.Draw();
     }
