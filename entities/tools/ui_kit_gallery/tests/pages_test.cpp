@@ -1,4 +1,6 @@
+#include <QAccessible>
 #include <QGuiApplication>
+#include <QQuickItem>
 #include <QRegularExpression>
 #include <gmock/gmock.h>
 
@@ -123,6 +125,43 @@ TEST_P(Pages, ComeUpInEachPaletteAndWriteNothing)
             pictures.push_back(picture);
         }
         EXPECT_THAT(ConsoleWatch::Lines(), ElementsAreArray(KnownLinesOf(page, palette)));
+    }
+}
+
+/// What the keyboard reaches under an item.
+QList<QQuickItem*> TabStopsUnder(const QQuickItem& item)
+{
+    QList<QQuickItem*> stops;
+    for (auto* child : item.childItems())
+    {
+        if (!child->isVisible() || !child->isEnabled())
+            continue;
+        if (child->activeFocusOnTab())
+            stops.push_back(child);
+        stops += TabStopsUnder(*child);
+    }
+    return stops;
+}
+
+TEST_P(Pages, NameWhatTheKeyboardReaches)
+{
+    Gallery gallery(Gallery::Motion::Still, Gallery::Frame::Bare, QStringLiteral("dark"));
+    gallery.Show(QString::fromStdString(GetParam()));
+    gallery.Settle(150ms);
+    for (auto* window : QGuiApplication::topLevelWindows())
+    {
+        auto* const quick = qobject_cast<QQuickWindow*>(window);
+        if (quick == nullptr)
+            continue;
+        for (auto* stop : TabStopsUnder(*quick->contentItem()))
+        {
+            SCOPED_TRACE(stop->metaObject()->className());
+            auto* const told = QAccessible::queryAccessibleInterface(stop);
+            ASSERT_NE(told, nullptr);
+            EXPECT_NE(told->role(), QAccessible::NoRole);
+            EXPECT_NE(told->role(), QAccessible::Client);
+            EXPECT_FALSE(told->text(QAccessible::Name).isEmpty());
+        }
     }
 }
 

@@ -35,6 +35,9 @@ Item {
         ListView {
             id: list
 
+            // Shows no frame until a key is used.
+            property bool focusedByMouse: false
+
             anchors.fill: parent
             anchors.margins: root.uxThumbnailMargin
             orientation: ListView.Horizontal
@@ -47,6 +50,13 @@ Item {
 
             Accessible.role: Accessible.List
             Accessible.name: qsTr("Applications")
+
+            onActiveFocusChanged: focusedByMouse = false
+
+            Keys.onPressed: event => {
+                focusedByMouse = false;
+                event.accepted = false;
+            }
 
             delegate: Item {
                 id: thumbnail
@@ -80,7 +90,6 @@ Item {
                         width: parent.width
                         height: root.uxTextHeight
                         text: thumbnail.title
-                        textFormat: Text.PlainText
                         color: "white"
                         font.pixelSize: 14
                         elide: Text.ElideRight
@@ -107,13 +116,16 @@ Item {
 
                 RightClickedMouseArea {
                     anchors.fill: parent
+
+                    onClicked: list.focusedByMouse = true
                 }
 
                 // The strip clips: the frame stands at the thumbnail's edge.
                 Loader {
                     anchors.fill: parent
                     anchors.margins: 4
-                    active: list.activeFocus && thumbnail.ListView.isCurrentItem
+                    active: list.activeFocus && !list.focusedByMouse
+                            && thumbnail.ListView.isCurrentItem
                     sourceComponent: Item {
                         Outline {
                         }

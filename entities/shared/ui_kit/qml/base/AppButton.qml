@@ -35,7 +35,7 @@ Item {
 
     Accessible.role: Accessible.Button
     Accessible.name: qsTr("Application")
-    Accessible.onPressAction: clicked(Qt.LeftButton)
+    Accessible.onPressAction: if (enabled) clicked(Qt.LeftButton)
 
     onVisibleChanged: {
         if (!visible) {

@@ -44,12 +44,17 @@ Item {
 
             Layout.fillWidth: true
             horizontalAlignment: Text.AlignHCenter
-            textFormat: Text.PlainText
             font.pixelSize: 24
         }
 
         Button {
             id: button
+
+            // What a click does, which the button has no function for.
+            function press() {
+                toggle();
+                clicked();
+            }
 
             Layout.fillWidth: true
             Layout.preferredHeight: 50
@@ -63,6 +68,7 @@ Item {
 
             Accessible.role: Accessible.Button
             Accessible.name: text
+            Accessible.onPressAction: if (enabled) press()
 
             background: Rectangle {
                 radius: 12
@@ -87,7 +93,6 @@ Item {
                 TextLabel {
                     Layout.fillWidth: true
                     text: button.text
-                    textFormat: Text.PlainText
                     elide: Text.ElideRight
                     wrapMode: Text.NoWrap
                     color: {
@@ -98,12 +103,6 @@ Item {
                     }
                     Accessible.ignored: true
                 }
-            }
-
-            // What a click does, which the button has no function for.
-            function press() {
-                toggle();
-                clicked();
             }
 
             onClicked: root.buttonActivated()

@@ -33,7 +33,6 @@ TaskbarTooltip {
         anchors.leftMargin: 16
         anchors.rightMargin: 16
         color: root.uxTextColor
-        textFormat: Text.PlainText
         font.pixelSize: 14
         horizontalAlignment: Text.AlignLeft
         wrapMode: Text.NoWrap

@@ -17,7 +17,6 @@ AppTooltip {
 
         visible: false
         text: root.text
-        textFormat: Text.PlainText
         font.pixelSize: 14
         wrapMode: Text.NoWrap
     }
@@ -28,7 +27,6 @@ AppTooltip {
         visible: false
         width: root.uxMaxTextWidth
         text: root.text
-        textFormat: Text.PlainText
         font.pixelSize: 14
         wrapMode: Text.Wrap
     }

@@ -98,7 +98,6 @@ Item {
                     anchors.fill: parent
                     anchors.margins: root.uxWindowsListItemMargin
                     text: row.title
-                    textFormat: Text.PlainText
                     color: "#FFFFFF"
                     font.pixelSize: root.uxWindowsListTextFontPixelSize
                     verticalAlignment: Text.AlignVCenter
@@ -111,7 +110,6 @@ Item {
 
                         visible: false
                         text: row.title
-                        textFormat: Text.PlainText
                         font.pixelSize: root.uxWindowsListTextFontPixelSize
                         elide: Text.ElideNone
                         wrapMode: Text.NoWrap

@@ -114,7 +114,10 @@ CheckBox {
 
         ControlsTooltip {
             parent: root
-            x: root.indicator.x + label.contentWidth / 2 - width / 2 + root.indicator.width + 10
+            // Its middle is that of the text.
+            x: (root.mirrored ? root.indicator.x - label.contentWidth / 2 - 10
+                              : root.indicator.x + root.indicator.width + label.contentWidth / 2 + 10)
+               - width / 2
             y: root.indicator.y + label.height
             color: "#050505"
             radius: 12

@@ -53,7 +53,7 @@ Item {
         icon.width: root.iconSize
         icon.height: root.iconSize
 
-        Accessible.onPressAction: root.activated()
+        Accessible.onPressAction: if (enabled) root.activated()
 
         onPressed: root.activated()
 

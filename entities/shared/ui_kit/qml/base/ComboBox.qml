@@ -22,7 +22,7 @@ Item {
     property bool editModeOn: false
     property int oldIndex: 0
 
-    // What a screen reader calls the box.
+    // What a screen reader calls the box: what it shows where its owner says nothing.
     property string accessibleName
     property string foundText
     readonly property color textColor: {
@@ -70,6 +70,13 @@ Item {
         return searchModel ? searchModel.GetDescriptionByRow(row) ?? "" : "";
     }
 
+    function showCurrent() {
+        if (!editModeOn) {
+            box.currentIndex = currentIndex;
+            foundText = describe(currentIndex);
+        }
+    }
+
     function fitList() {
         if (menuModel) {
             list.implicitHeight = Math.min(340, menuModel.rowCount() * box.height);
@@ -79,16 +86,9 @@ Item {
     implicitWidth: 405
     implicitHeight: 52
 
-    onCurrentIndexChanged: foundText = describe(currentIndex)
-    onSearchModelChanged: foundText = describe(currentIndex)
-
-    Binding {
-        target: box
-        property: "currentIndex"
-        value: root.currentIndex
-        when: !root.editModeOn
-        restoreMode: Binding.RestoreNone
-    }
+    onCurrentIndexChanged: showCurrent()
+    onSearchModelChanged: showCurrent()
+    onEditModeOnChanged: showCurrent()
 
     ComboBox {
         id: box
@@ -106,8 +106,9 @@ Item {
         contentItem: null
 
         Accessible.role: Accessible.ComboBox
-        Accessible.name: root.accessibleName
+        Accessible.name: root.accessibleName || displayText
         Accessible.description: displayText
+        Accessible.onPressAction: if (enabled) menu.open()
 
         background: Rectangle {
             radius: 12
@@ -150,6 +151,7 @@ Item {
 
             Accessible.role: Accessible.ListItem
             Accessible.name: text
+            Accessible.onPressAction: clicked()
 
             background: Item {
                 Rectangle {
@@ -170,7 +172,6 @@ Item {
 
             contentItem: TextLabel {
                 text: row.text
-                textFormat: Text.PlainText
                 horizontalAlignment: Text.AlignLeft
                 verticalAlignment: Text.AlignVCenter
                 wrapMode: Text.NoWrap
@@ -192,17 +193,29 @@ Item {
             }
         }
         onHoveredChanged: root.containsMouse = hovered
+        // Another model starts at its first row, one that was empty at none.
+        onModelChanged: root.showCurrent()
+        onCountChanged: {
+            if (root.searchModel || currentIndex < 0) {
+                root.showCurrent();
+            }
+        }
 
         Keys.onReleased: event => {
             const enter = event.key === Qt.Key_Enter || event.key === Qt.Key_Return;
-            event.accepted = enter && !menu.visible && !event.isAutoRepeat;
-            if (event.accepted) {
+            const opens = enter && !menu.visible && !event.isAutoRepeat;
+            // A blank in what is sought would close the list.
+            event.accepted = opens || root.editModeOn && event.key === Qt.Key_Space;
+            if (opens) {
                 menu.open();
             }
         }
 
         // A binding would wait until the box itself opens the list, which keys do without it.
-        Component.onCompleted: popup = menu
+        Component.onCompleted: {
+            popup = menu;
+            root.showCurrent();
+        }
 
         TextLabel {
             anchors.left: parent.left
@@ -212,7 +225,6 @@ Item {
             anchors.verticalCenter: parent.verticalCenter
             visible: !root.editModeOn
             text: box.displayText
-            textFormat: Text.PlainText
             color: root.textColor
             horizontalAlignment: Text.AlignLeft
             wrapMode: Text.NoWrap
@@ -340,6 +352,10 @@ Item {
                 onTextEdited: {
                     root.text = text;
                     root.fitList();
+                    // Enter takes the first row that was found.
+                    for (let row = box.highlightedIndex; row > 0; --row) {
+                        box.decrementCurrentIndex();
+                    }
                 }
             }
         }

@@ -36,7 +36,7 @@ Item {
 
             Layout.fillWidth: true
             leftPadding: 12
-            textFormat: Text.PlainText
+            rightPadding: 12
             font.pixelSize: 32
             font.weight: Font.DemiBold
         }
@@ -74,6 +74,7 @@ Item {
                 Accessible.role: Accessible.ListItem
                 Accessible.name: name
                 Accessible.selected: ListView.isCurrentItem
+                Accessible.onPressAction: clicked()
 
                 background: Rectangle {
                     radius: 12
@@ -90,7 +91,6 @@ Item {
 
                 contentItem: TextPromt {
                     text: row.name
-                    textFormat: Text.PlainText
                     font.pixelSize: 16
                     font.weight: Font.Medium
                     verticalAlignment: Text.AlignVCenter

@@ -36,7 +36,6 @@ ToolTip {
         topPadding: 8
         bottomPadding: 8
         text: root.text
-        textFormat: Text.PlainText
         font.weight: Font.Medium
         wrapMode: root.textWrap
         Accessible.ignored: true

@@ -119,7 +119,7 @@ Popup {
                 StepButton {
                     implicitWidth: root.buttonDimension
                     implicitHeight: root.buttonDimension
-                    icon.source: "qrc:/ui_kit/images/left"
+                    icon.source: "qrc:/ui_kit/images/" + (mirrored ? "right" : "left")
                     text: qsTr("Previous month")
 
                     onClicked: root.selectedDate = root.prevMonth()
@@ -154,7 +154,7 @@ Popup {
                 StepButton {
                     implicitWidth: root.buttonDimension
                     implicitHeight: root.buttonDimension
-                    icon.source: "qrc:/ui_kit/images/right"
+                    icon.source: "qrc:/ui_kit/images/" + (mirrored ? "left" : "right")
                     text: qsTr("Next month")
 
                     onClicked: root.selectedDate = root.nextMonth()
@@ -190,43 +190,50 @@ Popup {
 
                 spacing: 24
                 padding: 0
+                font.family: "Vantelore Sans Text"
+                font.pixelSize: 16
+                activeFocusOnTab: false
 
-                delegate: Item {
+                delegate: Text {
                     id: cell
 
                     required property var model
                     readonly property bool shown: model.month === grid.month
-                    readonly property date date: new Date(model.year, model.month, model.day)
+                    // Differs between any two days.
+                    readonly property int number: (model.year * 12 + model.month) * 31 + model.day
                     property bool marked: false
 
                     function choose() {
                         if (shown) {
-                            root.currentDate = date;
+                            root.currentDate = new Date(model.year, model.month, model.day);
                         }
                     }
 
-                    implicitWidth: 36
-                    implicitHeight: 24
+                    width: 36
+                    height: 24
                     opacity: shown ? 1 : 0
+                    horizontalAlignment: Text.AlignHCenter
+                    verticalAlignment: Text.AlignVCenter
+                    font: grid.font
+                    text: model.day
+                    textFormat: Text.PlainText
+                    color: {
+                        if (model.today) {
+                            return root.pal ? root.pal.purplePrimary : "#1CA88C";
+                        }
+                        return root.pal ? root.pal.contentPrimary : "white";
+                    }
 
                     Accessible.role: Accessible.Cell
-                    Accessible.name: shown ? date.toLocaleDateString(root.locale, Locale.LongFormat)
-                                           : ""
+                    Accessible.name: text + " " + month.text + " " + year.text
                     Accessible.ignored: !shown
                     Accessible.selected: marked
                     Accessible.onPressAction: choose()
 
-                    onDateChanged: marked = false
-
-                    Connections {
-                        function onSelectedDateChanged() {
-                            cell.marked = cell.model.day === root.selectedDate.getDate();
-                        }
-
-                        target: root
-                    }
+                    onNumberChanged: marked = false
 
                     Loader {
+                        z: -1
                         anchors.centerIn: parent
                         active: cell.marked
                         sourceComponent: Rectangle {
@@ -236,29 +243,25 @@ Popup {
                             color: root.pal ? root.pal.purplePrimary : "#8C8CFF"
                         }
                     }
+                }
 
-                    TextLabel {
-                        anchors.centerIn: parent
-                        text: cell.model.day
-                        color: {
-                            if (cell.model.today) {
-                                return root.pal ? root.pal.purplePrimary : "#1CA88C";
-                            }
-                            return root.pal ? root.pal.contentPrimary : "white";
-                        }
-                        Accessible.ignored: true
-                    }
+                MouseArea {
+                    anchors.fill: parent
 
-                    MouseArea {
-                        anchors.fill: parent
-
-                        onClicked: cell.choose()
-                    }
+                    onClicked: mouse => parent.contentItem.childAt(mouse.x, mouse.y)?.choose()
                 }
             }
         }
     }
 
+    onSelectedDateChanged: {
+        const day = selectedDate.getDate();
+        for (const cell of Array.from(grid.contentItem.children)) {
+            if ("marked" in cell) {
+                cell.marked = cell.model.day === day;
+            }
+        }
+    }
     onVisibleChanged: showCurrentMonth()
 
     Component.onCompleted: {

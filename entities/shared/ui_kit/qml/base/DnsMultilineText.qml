@@ -9,13 +9,16 @@ Item {
     property var dnsServerList: []
     property int maxLineCount: 3
     property alias font: label.font
-    readonly property bool needShowTooltip: dnsServerList.length > 3
+    readonly property bool needShowTooltip: servers.length > 3
+
+    // None while the owner has no list yet.
+    readonly property var servers: dnsServerList ?? []
 
     function shownText() : string {
-        if (dnsServerList.length <= maxLineCount) {
-            return dnsServerList.join("\n");
+        if (servers.length <= maxLineCount) {
+            return servers.join("\n");
         }
-        const lines = dnsServerList.slice(0, 3);
+        const lines = servers.slice(0, 3);
         if (maxLineCount >= 1 && maxLineCount <= lines.length) {
             lines[maxLineCount - 1] += " ...";
         }
@@ -26,14 +29,13 @@ Item {
     implicitHeight: label.implicitHeight
 
     Accessible.role: Accessible.StaticText
-    Accessible.name: dnsServerList.join("\n")
+    Accessible.name: servers.join("\n")
 
     TextLabel {
         id: label
 
         anchors.fill: parent
         text: root.shownText()
-        textFormat: Text.PlainText
         wrapMode: Text.NoWrap
         Accessible.ignored: true
     }
@@ -54,7 +56,7 @@ Item {
             opacity: 1
             transposed: true
             state: "Invisible"
-            text: root.dnsServerList.join("\n")
+            text: root.servers.join("\n")
 
             Component.onCompleted: {
                 showOnGlobalCoords(root.mapToGlobal(root.width, root.height / 2));

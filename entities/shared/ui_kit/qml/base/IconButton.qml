@@ -18,6 +18,7 @@ Button {
 
     Accessible.role: Accessible.Button
     Accessible.name: text
+    Accessible.onPressAction: if (enabled) clicked()
 
     contentItem: Item {
         // As sharp as a SharpImage, which takes no colour. Not asynchronous: this type would try to

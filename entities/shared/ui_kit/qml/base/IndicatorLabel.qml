@@ -14,7 +14,6 @@ TextLabel {
     leftPadding: control.mirrored ? 0 : indent
     rightPadding: control.mirrored ? indent : 0
     text: control.text
-    textFormat: Text.PlainText
     horizontalAlignment: Text.AlignLeft
     LayoutMirroring.enabled: control.mirrored
     Accessible.ignored: true

@@ -32,7 +32,11 @@ Item {
 
         onClicked: {
             loader.active = true;
-            popup.openAt(root.getPopupPosition());
+            if (popup.visible) {
+                popup.hide();
+            } else {
+                popup.openAt(root.getPopupPosition());
+            }
         }
         onActiveFocusChanged: {
             if (!activeFocus && popup) {

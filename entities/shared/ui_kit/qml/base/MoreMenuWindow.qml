@@ -91,7 +91,6 @@ Window {
                 TextLabel {
                     anchors.centerIn: parent
                     text: row.menuItemText
-                    textFormat: Text.PlainText
                     color: "#FFFFFFFA"
                     wrapMode: Text.NoWrap
                     Accessible.ignored: true

@@ -51,6 +51,7 @@ Button {
 
     Accessible.role: Accessible.Button
     Accessible.name: text
+    Accessible.onPressAction: if (enabled) clicked()
 
     background: Rectangle {
         radius: root.radius
@@ -65,30 +66,28 @@ Button {
         }
     }
 
-    contentItem: Item {
-        Column {
-            anchors.centerIn: parent
-            spacing: 0
+    // Half of what its content leaves, so that it stands in the middle.
+    verticalPadding: (height - implicitContentHeight) / 2
+    contentItem: Column {
+        spacing: 0
 
-            TextLabel {
-                anchors.horizontalCenter: parent.horizontalCenter
-                text: root.text
-                color: root.enabled ? root.contentColor
-                                    : root.pal ? root.pal.contentDisabled : "gray"
-                font.pixelSize: root.fontPixelSize
-                font.weight: Font.DemiBold
-                textFormat: Text.PlainText
-                wrapMode: Text.NoWrap
-                Accessible.ignored: true
-            }
+        TextLabel {
+            anchors.horizontalCenter: parent.horizontalCenter
+            text: root.text
+            color: root.enabled ? root.contentColor
+                                : root.pal ? root.pal.contentDisabled : "gray"
+            font.pixelSize: root.fontPixelSize
+            font.weight: Font.DemiBold
+            wrapMode: Text.NoWrap
+            Accessible.ignored: true
+        }
 
-            Loader {
-                anchors.horizontalCenter: parent.horizontalCenter
-                active: root.hintText !== ""
-                visible: active
-                asynchronous: true
-                sourceComponent: hint
-            }
+        Loader {
+            anchors.horizontalCenter: parent.horizontalCenter
+            active: root.hintText !== ""
+            visible: active
+            asynchronous: true
+            sourceComponent: hint
         }
     }
 
@@ -110,7 +109,6 @@ Button {
             text: root.hintText
             color: root.pal ? root.pal.contentSecondary : "#AFB5BC"
             font.pixelSize: 12
-            textFormat: Text.PlainText
         }
     }
 }

@@ -11,6 +11,18 @@ RadioButton {
     property color pressedColor: pal ? pal.purpleSecondary : "#9C9CFF"
     readonly property color disabledColor: pal ? pal.contentDisabled : "#57FFFFFF"
 
+    // What a click does, which the button has no function for.
+    function choose() {
+        if (!enabled) {
+            return;
+        }
+        if (!checked) {
+            checked = true;
+            toggled();
+        }
+        clicked();
+    }
+
     implicitWidth: 24
     implicitHeight: 24
     padding: 0
@@ -19,6 +31,8 @@ RadioButton {
 
     Accessible.role: Accessible.RadioButton
     Accessible.name: text
+    Accessible.onPressAction: choose()
+    Accessible.onToggleAction: choose()
 
     indicator: Rectangle {
         x: root.mirrored ? root.width - width : 0

@@ -70,7 +70,6 @@ Item {
 
             width: view.availableWidth
             font.pixelSize: 14
-            textFormat: Text.PlainText
             wrapMode: Text.Wrap
             Accessible.ignored: true
         }

@@ -72,7 +72,6 @@ Item {
             horizontalAlignment: Text.AlignLeft
             lineHeight: 26
             lineHeightMode: Text.FixedHeight
-            textFormat: Text.PlainText
             Accessible.ignored: true
         }
 
@@ -92,7 +91,6 @@ Item {
             horizontalAlignment: Text.AlignLeft
             lineHeight: 20
             lineHeightMode: Text.FixedHeight
-            textFormat: Text.PlainText
             Accessible.ignored: true
         }
     }
@@ -121,8 +119,8 @@ Item {
             Accessible.description: root.description
             Accessible.checkable: true
             Accessible.checked: root.checked
-            Accessible.onPressAction: root.clicked()
-            Accessible.onToggleAction: root.clicked()
+            Accessible.onPressAction: if (enabled) root.clicked()
+            Accessible.onToggleAction: if (enabled) root.clicked()
 
             indicator: Rectangle {
                 implicitWidth: 40
@@ -166,6 +164,7 @@ Item {
 
     RightClickedMouseArea {
         anchors.fill: parent
+        enabled: root.enable
 
         onClicked: switchButton.forceActiveFocus(Qt.MouseFocusReason)
     }

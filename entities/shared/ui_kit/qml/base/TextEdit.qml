@@ -32,7 +32,9 @@ InputBox {
         clip: true
         ScrollBar.horizontal.policy: ScrollBar.AlwaysOff
         ScrollBar.vertical: KitScrollBar {
-            parent: view
+            // Over what makes a button of an input that cannot be edited: it can be scrolled still.
+            parent: view.parent
+            z: 2
             x: view.mirrored ? 0 : view.width - width
             y: view.topPadding
             height: view.availableHeight

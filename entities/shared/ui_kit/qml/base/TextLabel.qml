@@ -10,6 +10,7 @@ Text {
     font.family: "Vantelore Sans Text"
     font.pixelSize: 16
     wrapMode: Text.WordWrap
+    textFormat: Text.PlainText
 
     Accessible.role: Accessible.StaticText
     Accessible.name: text

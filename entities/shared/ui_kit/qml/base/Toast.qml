@@ -44,7 +44,6 @@ Item {
             anchors.verticalCenter: parent.verticalCenter
             width: Math.min(implicitWidth, root.maxTextWidth)
             text: root.maxLinesCount > 1 ? root.message : metrics.elidedText
-            textFormat: Text.PlainText
             font.pixelSize: 14
             elide: Text.ElideRight
             maximumLineCount: root.maxLinesCount

@@ -50,7 +50,6 @@ Window {
 
             x: window.horizontalTextMargin + window.horizontalTriangleWidth
             y: window.verticalTextMargin
-            textFormat: Text.PlainText
             wrapMode: Text.NoWrap
             Accessible.ignored: true
         }

@@ -5,7 +5,7 @@ import "qrc:/ui_kit/qml/base/" as UiKitBase
 Item {
     id: root
 
-    readonly property var names: ["Alpha", "Beta", "Gamma", "Delta", "Eta", "Theta", "Zeta"]
+    readonly property var names: ["Alpha", "Beta", "Gamma", "Delta", "Eta", "Theta", "Z eta"]
     readonly property var search: ({
         GetDescriptionByRow: row => root.names[row],
         GetIdByDescription: text => root.names.indexOf(text)
@@ -87,8 +87,10 @@ Item {
             return [
                 { tag: "typed and known", keys: ["D", "e", "l", "t", "a"], index: 3, height: 52 },
                 { tag: "typed in part", keys: ["e", "t"], text: "et", index: 2, height: 3 * 52 },
+                { tag: "typed with a blank", keys: ["Z", Qt.Key_Space, "e"], text: "Z e", index: 2,
+                  height: 52 },
                 { tag: "nothing typed", keys: [], text: "", index: 2, height: 340 },
-                { tag: "chosen", keys: ["e", "t", Qt.Key_Down, Qt.Key_Down, Qt.Key_Return],
+                { tag: "chosen", keys: ["e", "t", Qt.Key_Down, Qt.Key_Return],
                   text: "et", index: 5, height: 3 * 52 }
             ];
         }
@@ -105,6 +107,19 @@ Item {
                     [false, row.index, root.names[row.index]]);
             compare(spy.count, row.index === 2 ? 0 : 1);
             verify(searched.box.activeFocus);
+        }
+
+        function test_theRowStaysWhenTheModelChanges() {
+            plain.currentIndex = 1;
+            plain.menuModel = ["One", "Two"];
+            compare(plain.box.displayText, "Two");
+            plain.menuModel = [];
+            plain.menuModel = root.names;
+            compare(plain.box.displayText, "Beta");
+            plain.currentIndex = 0;
+            found.clear();
+            found.filter("");
+            compare([searched.box.currentIndex, searched.box.displayText], [2, "Gamma"]);
         }
 
         function test_leavingTheBoxClosesIt() {

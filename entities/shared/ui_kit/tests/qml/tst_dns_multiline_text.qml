@@ -23,6 +23,7 @@ Item {
         function test_lines_data() {
             return [
                 { tag: "none", list: [], text: "" },
+                { tag: "no list yet", list: null, text: "" },
                 { tag: "as many as there is room", list: ["a", "b", "c"], text: "a\nb\nc" },
                 { tag: "one more", list: ["a", "b", "c", "d"], text: "a\nb\nc ...", needed: true },
                 { tag: "three on two lines", list: ["a", "b", "c"], lines: 2, text: "a\nb ...\nc" },

@@ -12,8 +12,9 @@ KitTestCase {
 
     function test_text(row) {
         compareLooks(() => [row.item.color], [["contentPrimary", row.literal]]);
-        compare([row.item.font.family, row.item.font.pixelSize, row.item.wrapMode],
-                ["Vantelore Sans Text", row.size, Text.WordWrap]);
+        compare([row.item.font.family, row.item.font.pixelSize, row.item.wrapMode,
+                 row.item.textFormat],
+                ["Vantelore Sans Text", row.size, Text.WordWrap, Text.PlainText]);
     }
 
     function test_scrollHandleTellsTheFocus() {

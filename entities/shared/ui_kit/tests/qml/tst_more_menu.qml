@@ -47,6 +47,9 @@ Item {
         function test_aClickChooses() {
             fill(3);
             mouseClick(menu);
+            mouseClick(menu);
+            verify(!menu.popup.visible);
+            mouseClick(menu);
             const list = menu.popup.contentItem.children[1];
             tryVerify(() => list.itemAtIndex(2));
             const shape = list.itemAtIndex(2).children[0];

@@ -34,6 +34,14 @@ Item {
             ];
         }
 
+        function test_aScreenReaderChoosesAndDoesNotTakeBack() {
+            for (const enabled of [false, true, true]) {
+                button.enabled = enabled;
+                button.Accessible.pressAction();
+                compare([spy.count, button.checked], [enabled ? 1 : 0, enabled]);
+            }
+        }
+
         function test_keys(row) {
             keyClick(Qt.Key_Tab);
             verify(button.visualFocus);

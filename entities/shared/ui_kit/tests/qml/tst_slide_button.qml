@@ -38,6 +38,15 @@ Item {
             ];
         }
 
+        function test_disabledItIsLeftAlone() {
+            button.enable = false;
+            root.forceActiveFocus();
+            mouseClick(button, 30, 30);
+            mouseClick(button, 30, 30, Qt.RightButton);
+            root.control.Accessible.pressAction();
+            compare([spy.count, root.control.activeFocus, root.activeFocus], [0, false, true]);
+        }
+
         function test_announcesAndDoesNotMove(row) {
             if (row.key) {
                 root.control.forceActiveFocus(Qt.TabFocusReason);

@@ -38,6 +38,7 @@ GalleryPage {
             UiKitBase.LineEdit {
                 width: 280
                 height: 72
+                accessibleName: sample.caption
                 defaultText: sample.modelData.defaultText ?? ""
                 placeholderText: sample.modelData.placeholderText ?? ""
                 echoMode: sample.modelData.echoMode ?? TextInput.Normal

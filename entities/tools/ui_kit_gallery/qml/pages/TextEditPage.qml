@@ -37,6 +37,7 @@ GalleryPage {
             UiKitBase.TextEdit {
                 width: 280
                 height: 124
+                accessibleName: sample.caption
                 defaultText: sample.modelData.defaultText ?? ""
                 placeholderText: sample.modelData.placeholderText ?? ""
                 isEditable: !sample.modelData.readOnly
