@@ -6,6 +6,7 @@
 #include <linux/input-event-codes.h>
 
 #include <support/compositor.h>
+#include <support/picture.h>
 #include <support/terminal_session.h>
 
 namespace {
@@ -13,12 +14,18 @@ namespace {
 class LayoutControl : public testing::Test
 {
 protected:
-    void Start()
+    [[nodiscard]] support::Process::Command Program(const char* path) const
     {
         // Qt's Wayland plugin leaves some of its objects to the end of the process.
         auto environment = support::TerminalEnvironment(m_folder);
         environment["LSAN_OPTIONS"] = "detect_leaks=0";
-        m_program.emplace(support::Process::Command{TVO_LAYOUT_WINDOW, {}, environment, {}});
+        environment["QT_WAYLAND_DISABLE_WINDOWDECORATION"] = "1";
+        return {path, {}, environment, {}};
+    }
+
+    void Start()
+    {
+        m_program.emplace(Program(TVO_LAYOUT_WINDOW));
         ASSERT_TRUE(m_display->WaitForPixel({0, 0}, qRgb(0x40, 0x40, 0x40)));
     }
 
@@ -28,6 +35,25 @@ protected:
         {
             throw std::runtime_error("No \"" + text + "\" in:\n" + m_program->Errors());
         }
+    }
+
+    /// Waits until the taskbar at the bottom of its window names the layout. @returns where
+    QPoint PlaceOf(const std::string& layout)
+    {
+        const QRect bar(0, 232, 800, 48);
+        std::optional<QPoint> place;
+        const auto isNamed = [&](const QImage& screen)
+        {
+            const QImage row = screen.copy(bar);
+            place =
+                support::FindText(row, layout, {.background = row.pixel(0, 0), .demiBold = true});
+            return place.has_value();
+        };
+        if (!m_display->WaitForScreen(isNamed))
+        {
+            throw std::runtime_error("The taskbar does not name " + layout);
+        }
+        return *place + bar.topLeft();
     }
 
     const QTemporaryDir m_temporary;
@@ -45,11 +71,14 @@ TEST_F(LayoutControl, WorksWheneverTheCompositorOffersLayouts)
 {
     m_display->SetLayouts("us,ru");
     Start();
+    Expect("logged 1, level 3: QueryCurrentLayout on uninitialized object\n");
     m_display->Click(m_button);
-    Expect("RequestLayoutChange on uninitialized object");
+    Expect("logged 2, level 3: RequestLayoutChange on uninitialized object\n");
     m_display->OfferLayoutControl();
     Expect("told 1: us.");
     m_display->WithdrawLayoutControl();
+    m_display->Click(m_button);
+    Expect("logged 3, level 3: RequestLayoutChange on uninitialized object\n");
     m_display->OfferLayoutControl();
     Expect("told 2: us.");
     m_display->Click(m_button);
@@ -79,6 +108,23 @@ TEST_F(LayoutControl, ClickChangesWhatTheKeyboardTypes)
     Expect("typed fаf\n");
 }
 
+TEST_F(LayoutControl, MenuOfTheTaskbarChangesWhatTheKeyboardTypes)
+{
+    m_display->SetLayouts("us,ru");
+    m_display->OfferLayoutControl();
+    const support::Process taskbar(Program(TVO_TASKBAR_PREVIEW));
+    m_display->Click(PlaceOf("EN"));
+    // The second entry of the menu.
+    m_display->PressKey(KEY_TAB);
+    m_display->PressKey(KEY_TAB);
+    m_display->PressKey(KEY_ENTER);
+    PlaceOf("RU");
+    Start();
+    Expect("told 1: ru.");
+    m_display->PressKey(KEY_F);
+    Expect("typed а\n");
+}
+
 TEST_F(LayoutControl, TakesWhateverTheCompositorTells)
 {
     struct Event
@@ -90,11 +136,12 @@ TEST_F(LayoutControl, TakesWhateverTheCompositorTells)
     m_display->OfferLayoutControl();
     Start();
     Expect("told 1: us.");
-    for (const Event& event : {Event{1, "us,ru", "told 2: ru."},
-                               Event{2, "us,ru", "Invalid layout group: 2 for layouts: us,ru\n"},
-                               Event{0, "", "told 3: ."},
-                               Event{UINT32_MAX, "us", "Invalid layout group: 4294967295 for"},
-                               Event{1, ",de", "told 4: de."}})
+    for (const Event& event :
+         {Event{1, "us,ru", "told 2: ru."},
+          Event{2, "us,ru", "level 4: Invalid layout group: 2 for layouts: us,ru\n"},
+          Event{0, "", "told 3: ."},
+          Event{UINT32_MAX, "us", "level 4: Invalid layout group: 4294967295 for"},
+          Event{1, ",de", "told 4: de."}})
     {
         m_display->AnnounceLayout(event.group, event.layouts);
         Expect(event.answer);

@@ -36,8 +36,6 @@ using namespace network_status_control;
 using namespace notification_control;
 using namespace power_control;
 
-// clang-format off
-
 /// A presenter of any control that keeps what its view calls, a blank behind each call. Which of
 /// the operations it really has depends on the interface.
 template <class View>
@@ -45,13 +43,34 @@ class RecordingPresenter final : public View::Presenter
 {
 public:
     explicit RecordingPresenter(std::string& calls) : m_calls(calls) {}
-    void SetView(typename View::ViewInterface* view) { m_calls += view != nullptr ? "SetView " : "Gone "; }
-    void OnShow() { m_calls += "OnShow "; }
-    void OnHide() { m_calls += "OnHide "; }
-    void OnControlActivated() { m_calls += "OnControlActivated "; }
-    void Shutdown() { m_calls += "OnShutdownClicked "; }
-    void Reboot() { m_calls += "OnRebootClicked "; }
-    void ChangeLocale(std::string locale) { m_calls += locale + ' '; }
+    void SetView(typename View::ViewInterface* view)
+    {
+        m_calls += view != nullptr ? "SetView " : "Gone ";
+    }
+    void OnShow()
+    {
+        m_calls += "OnShow ";
+    }
+    void OnHide()
+    {
+        m_calls += "OnHide ";
+    }
+    void OnControlActivated()
+    {
+        m_calls += "OnControlActivated ";
+    }
+    void Shutdown()
+    {
+        m_calls += "OnShutdownClicked ";
+    }
+    void Reboot()
+    {
+        m_calls += "OnRebootClicked ";
+    }
+    void ChangeLocale(std::string locale)
+    {
+        m_calls += locale + ' ';
+    }
 
 private:
     std::string& m_calls;
@@ -61,7 +80,8 @@ private:
 template <class View>
 std::unique_ptr<View> Make(std::string* calls, QQmlContext* context)
 {
-    auto presenter = calls != nullptr ? std::make_unique<RecordingPresenter<View>>(*calls) : nullptr;
+    auto presenter =
+        calls != nullptr ? std::make_unique<RecordingPresenter<View>>(*calls) : nullptr;
     return std::make_unique<View>(std::move(presenter), context, nullptr);
 }
 
@@ -76,13 +96,20 @@ struct Control
     std::string calls;  ///< what the presenter hears when everything is done once
 };
 
+// clang-format off
 const Control Controls[] = {
-    {Make<DateTimeControlView>, true, "", "timeControl", "TimeControl", "TimeControlPresenter", "OnShow OnHide OnControlActivated "},
-    {Make<AdminContactControlView>, true, "", "adminContactControl", "AdminContactControl", "AdminContactControlPresenter", "OnShow OnHide "},
-    {Make<LanguageIndicatorView>, false, "bool", "layoutControl", "LayoutControl", "LanguageIndicatorPresenter", "OnShow "},
-    {Make<NetworkStatusControlView>, true, "", "networkStatusIndicator", "", "NetworkStatusControlPresenter", "OnShow OnHide OnControlActivated "},
-    {Make<NotificationControlView>, true, "", "notificationContext", "", "NotificationControlPresenter", "OnShow OnHide OnControlActivated "},
-    {Make<PowerControlView>, true, "bool", "powerControl", "PowerControl", "PowerControlPresenter", "OnShutdownClicked OnRebootClicked "},
+    {Make<DateTimeControlView>, true, "", "timeControl", "TimeControl",
+     "TimeControlPresenter", "OnShow OnHide OnControlActivated "},
+    {Make<AdminContactControlView>, true, "", "adminContactControl", "AdminContactControl",
+     "AdminContactControlPresenter", "OnShow OnHide "},
+    {Make<LanguageIndicatorView>, false, "bool", "layoutControl", "LayoutControl",
+     "LanguageIndicatorPresenter", "OnShow "},
+    {Make<NetworkStatusControlView>, true, "", "networkStatusIndicator", "",
+     "NetworkStatusControlPresenter", "OnShow OnHide OnControlActivated "},
+    {Make<NotificationControlView>, true, "", "notificationContext", "",
+     "NotificationControlPresenter", "OnShow OnHide OnControlActivated "},
+    {Make<PowerControlView>, true, "bool", "powerControl", "PowerControl",
+     "PowerControlPresenter", "OnShutdownClicked OnRebootClicked "},
 };
 // clang-format on
 

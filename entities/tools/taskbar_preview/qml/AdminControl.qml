@@ -12,7 +12,6 @@ TaskbarControl {
 
     contentItem: UiKitBase.TextPromt {
         text: adminContactControl.adminContactCaption
-        textFormat: Text.PlainText
         verticalAlignment: Text.AlignVCenter
         wrapMode: Text.NoWrap
         Accessible.ignored: true

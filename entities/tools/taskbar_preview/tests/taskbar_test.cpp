@@ -1,5 +1,6 @@
 #include "taskbar.h"
 
+#include <chrono>
 #include <map>
 #include <sstream>
 
@@ -102,13 +103,12 @@ TEST(NetworkLinks, OneThatWorksIsEnough)
         EXPECT_EQ(StatusOf(links), status);
 }
 
-/// Steps through its layouts at once, as a compositor does a little later.
+/// A compositor with a list of layouts, which answers when it is told to.
 struct FakeController final : language_control::IKeyboardLayoutController
 {
     void RequestLayoutChange() override
     {
-        ++steps;
-        callback(layouts[static_cast<std::size_t>(steps) % layouts.size()]);
+        ++pending;
     }
     void QueryCurrentLayout() override {}
     void RegisterLayoutChangedCallback(std::function<void(std::string_view)> wanted) override
@@ -116,26 +116,71 @@ struct FakeController final : language_control::IKeyboardLayoutController
         callback = std::move(wanted);
     }
 
-    std::vector<std::string> layouts{"us", "de", "ru"};
+    /// Steps and answers until nothing is asked any more. @returns how many steps it took
+    std::size_t Answer()
+    {
+        const std::size_t start = current;
+        while (pending > 0)
+        {
+            EXPECT_EQ(pending--, 1);
+            callback(layouts[++current % layouts.size()]);
+        }
+        return current - start;
+    }
+
+    std::vector<std::string> layouts{"us", "us", "ru", "de"};
     std::function<void(std::string_view)> callback;
-    int steps = 0;
+    std::size_t current = 0;
+    int pending = 0;
+};
+
+/// A presenter of a fake compositor, which has told it the first layout.
+struct LayoutChoice
+{
+    explicit LayoutChoice(std::chrono::milliseconds patience = std::chrono::minutes(1))
+        : presenter(
+              std::unique_ptr<FakeController>(&controller),
+              {},
+              [this](bool shown) { isShown = shown; },
+              patience)
+    {
+        controller.callback("us");
+    }
+
+    FakeController& controller = *new FakeController;
+    bool isShown = false;
+    LayoutPresenter presenter;
 };
 
 TEST(LayoutPresenter, StepsUntilTheLayoutIsThereOrHasNoWayToIt)
 {
-    auto owned = std::make_unique<FakeController>();
-    auto& controller = *owned;
-    bool isShown = false;
-    LayoutPresenter presenter(std::move(owned), {}, [&](bool shown) { isShown = shown; });
-    controller.callback("us");
-    EXPECT_TRUE(isShown);
-    presenter.ChangeLocale("ru-RU");
-    EXPECT_EQ(controller.steps, 2);
-    presenter.ChangeLocale("pt-BR");
-    EXPECT_EQ(controller.steps, 5);
-    controller.callback("de");
-    EXPECT_FALSE(isShown);
-    EXPECT_EQ(controller.steps, 5);
+    LayoutChoice choice;
+    EXPECT_TRUE(choice.isShown);
+    choice.presenter.ChangeLocale("ru-RU");
+    EXPECT_EQ(choice.controller.Answer(), 2u);
+    choice.presenter.ChangeLocale("pt-BR");
+    EXPECT_EQ(choice.controller.Answer(), 12u);
+    choice.controller.callback("de");
+    EXPECT_FALSE(choice.isShown);
+    EXPECT_EQ(choice.controller.pending, 0);
+}
+
+TEST(LayoutPresenter, TakesAnotherPickWhileItSteps)
+{
+    LayoutChoice choice;
+    choice.presenter.ChangeLocale("pt-BR");
+    choice.presenter.ChangeLocale("ru-RU");
+    EXPECT_EQ(choice.controller.Answer(), 2u);
+}
+
+TEST(LayoutPresenter, ForgetsAPickWhoseRequestIsLost)
+{
+    LayoutChoice choice(std::chrono::milliseconds::zero());
+    choice.presenter.ChangeLocale("ru-RU");
+    choice.controller.callback("us");
+    EXPECT_EQ(choice.controller.pending, 1);
+    choice.presenter.ChangeLocale("ru-RU");
+    EXPECT_EQ(choice.controller.pending, 2);
 }
 
 }  // namespace

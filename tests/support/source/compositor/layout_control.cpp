@@ -16,6 +16,7 @@ void LayoutControl::Offer()
 void LayoutControl::Withdraw()
 {
     m_offered = false;
+    m_clients.clear();
     m_global->Remove();
 }
 
@@ -37,26 +38,27 @@ void LayoutControl::Bind(const NewObject& object)
     const auto self = std::make_shared<wl_resource*>();
     const auto query = [this, self](Arguments /*none*/)
     {
-        if (m_offered)
+        if (m_clients.contains(*self))
         {
             tvo_keyboard_send_update_layout(*self, m_seat.Group(), m_seat.Layouts().c_str());
         }
     };
-    const auto change = [this, query](Arguments none)
+    const auto change = [this, self](Arguments /*none*/)
     {
-        if (m_offered && m_seat.StepLayout())
+        if (m_clients.contains(*self))
         {
+            m_seat.StepLayout();
             Announce();
-        }
-        else
-        {
-            query(none);
         }
     };
     *self = MakeObject(object,
                        {{"change_layout", change}, {"query_layout", query}},
                        [this](wl_resource* gone) { m_clients.erase(gone); });
-    m_clients.insert(*self);
+    // A client may bind what is withdrawn, as long as it has not heard of that.
+    if (m_offered)
+    {
+        m_clients.insert(*self);
+    }
 }
 
 }  // namespace support::wayland

@@ -17,6 +17,8 @@ public:
     LayoutControl(wl_display* display, Seat& seat);
 
     void Offer();
+
+    /// Forgets the clients: they hear nothing more, and their requests are ignored for good.
     void Withdraw();
 
     /// Tells every client a layout, whatever the keyboard types.

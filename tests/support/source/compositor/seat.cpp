@@ -142,12 +142,11 @@ std::uint32_t Seat::Group() const
     return m_group;
 }
 
-bool Seat::StepLayout()
+void Seat::StepLayout()
 {
     const auto others = std::count(m_layouts.begin(), m_layouts.end(), ',');
     m_group = m_group < others ? m_group + 1 : 0;
     SendGroup();
-    return others != 0;
 }
 
 void Seat::Bind(const NewObject& object)

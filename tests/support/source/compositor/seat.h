@@ -34,8 +34,8 @@ public:
     [[nodiscard]] const std::string& Layouts() const;
     [[nodiscard]] std::uint32_t Group() const;
 
-    /// Takes the next layout, after the last one the first. @returns whether there is another one
-    bool StepLayout();
+    /// Takes the next layout, after the last one the first.
+    void StepLayout();
 
 private:
     using Devices = std::set<wl_resource*>;

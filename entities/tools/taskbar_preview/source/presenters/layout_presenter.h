@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <string>
@@ -25,23 +26,30 @@ public:
     /// @param controller  null where there is no compositor
     /// @param locales     the codes on offer
     /// @param setShown    told whether there is a layout to show, once the compositor has named one
+    /// @param patience    a request without an answer for so long is lost, and the wish with it
     LayoutPresenter(std::unique_ptr<language_control::IKeyboardLayoutController> controller,
                     std::vector<std::string> locales,
-                    std::function<void(bool)> setShown);
+                    std::function<void(bool)> setShown,
+                    std::chrono::milliseconds patience = std::chrono::seconds(1));
 
     void ChangeLocale(std::string locale) override;
     void OnShow() override;
 
 private:
     void OnLayoutChanged(std::string_view layout);
-    void StepOn();
+
+    /// Whether a request has still to be answered and leads on to what was picked.
+    [[nodiscard]] bool IsOnTheWay() const;
+    void Step();
 
     std::unique_ptr<language_control::IKeyboardLayoutController> m_controller;
     std::vector<std::string> m_locales;
     std::function<void(bool)> m_setShown;
-    std::string m_layout;  ///< the current one, empty until it is known
-    std::string m_wanted;  ///< the locale on the way to which we are, empty when we are there
-    std::string m_origin;  ///< the layout from which we set out: there again, there is no way
+    std::chrono::milliseconds m_patience;
+    bool m_isTold = false;  ///< whether the compositor has named a layout
+    std::string m_wanted;   ///< the locale that was picked, empty when it is there or given up
+    int m_stepsLeft = 0;
+    std::chrono::steady_clock::time_point m_answerDue;
 };
 
 }  // namespace taskbar_preview
