@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <string>
@@ -39,6 +40,9 @@ struct Row
     /// Pairs of batches. Few for what takes long.
     int pairs = 101;
     Processors processors = Processors::One;
+    /// How long a batch takes at least: so long that the clock costs nothing, and so short that a
+    /// pair meets one state of the machine. Zero runs the operation once a batch.
+    std::chrono::nanoseconds batchTime = std::chrono::milliseconds(5);
 };
 
 /// A contender from a callable that does one operation.

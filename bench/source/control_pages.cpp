@@ -195,11 +195,6 @@ private:
 
     void Show()
     {
-        // It goes when nobody measures.
-        if (!m_pages.empty())
-        {
-            m_pages.back()->setVisible(false);
-        }
         QQuickItem& page = *m_pages.emplace_back(m_stage.MakePage());
         for (int i = 0; i < Columns * Lines; ++i)
         {

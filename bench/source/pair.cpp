@@ -7,10 +7,6 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-/// Long enough that the clock costs nothing, short enough that a pair meets one state of the
-/// machine.
-constexpr Nanoseconds BatchTime = std::chrono::milliseconds(5);
-
 Nanoseconds TimeOf(Contender& contender, int count)
 {
     const auto begin = Clock::now();
@@ -30,13 +26,15 @@ Value Median(std::vector<Value> values)
 
 }  // namespace
 
-Pair::Pair(const Row& row) : m_ours(Prepare(row.ours)), m_peer(Prepare(row.peer)) {}
+Pair::Pair(const Row& row)
+    : m_ours(Prepare(row.ours, row.batchTime)), m_peer(Prepare(row.peer, row.batchTime))
+{}
 
-Pair::Side Pair::Prepare(const MakeContender& make)
+Pair::Side Pair::Prepare(const MakeContender& make, Nanoseconds batchTime)
 {
     Side side{make()};
     // What takes longer than a batch runs once a batch; the rest doubles until it fills one.
-    while (TimeOf(*side.contender, side.batch) < BatchTime)
+    while (TimeOf(*side.contender, side.batch) < batchTime)
     {
         side.batch *= 2;
     }

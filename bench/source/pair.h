@@ -43,7 +43,7 @@ private:
         int batch = 1;
     };
 
-    static Side Prepare(const MakeContender& make);
+    static Side Prepare(const MakeContender& make, Nanoseconds batchTime);
     static Nanoseconds MeasureBatch(Side& side);
 
     Side m_ours;

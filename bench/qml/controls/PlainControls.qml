@@ -226,19 +226,27 @@ QtObject {
             policy: ScrollBar.AlwaysOn
         }
     }
-    readonly property Component altTab: ListView {
+    readonly property Component altTab: Rectangle {
         width: 800
         height: 245
-        orientation: ListView.Horizontal
-        model: fewRows
-        spacing: 15
-        delegate: ItemDelegate {
-            required property int index
-            required property string windowTitle
+        radius: 16
+        color: "#CC292521"
 
-            width: 340
-            height: 245
-            text: windowTitle
+        ListView {
+            anchors.fill: parent
+            anchors.margins: 15
+            orientation: ListView.Horizontal
+            model: fewRows
+            spacing: 15
+            clip: true
+            delegate: ItemDelegate {
+                required property int index
+                required property string windowTitle
+
+                width: 340
+                height: 213
+                text: windowTitle
+            }
         }
     }
 }

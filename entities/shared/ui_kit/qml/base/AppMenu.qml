@@ -31,8 +31,11 @@ Item {
         SharpImage {
             id: image
 
-            Layout.preferredWidth: 88
-            Layout.preferredHeight: 88
+            // Given before the layout does: otherwise the file is read in another size first.
+            width: 88
+            height: 88
+            Layout.preferredWidth: width
+            Layout.preferredHeight: height
             Layout.topMargin: 16
             Layout.alignment: Qt.AlignHCenter
             source: "qrc:/rdp_client/images/icon-avatar"
@@ -84,8 +87,10 @@ Item {
                 spacing: 16
 
                 SharpImage {
-                    Layout.preferredWidth: 20
-                    Layout.preferredHeight: 20
+                    width: 20
+                    height: 20
+                    Layout.preferredWidth: width
+                    Layout.preferredHeight: height
                     source: "qrc:/ui_kit/images/"
                             + (button.enabled ? "settings_gear" : "settings_gear_disabled")
                 }
