@@ -27,6 +27,7 @@ Flow {
             UiKitBase.RadioButton {
                 id: button
 
+                anchors.left: parent.left
                 text: choice.modelData
                 autoExclusive: false
                 checked: root.current === choice.modelData

@@ -32,6 +32,7 @@ Item {
         spacing: 12
 
         UiKitBase.TextPromt {
+            anchors.left: parent.left
             text: "Palette"
         }
 

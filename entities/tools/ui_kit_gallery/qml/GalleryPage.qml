@@ -39,9 +39,12 @@ Item {
     UiKitBase.TextLabel {
         id: title
 
-        x: 16
-        y: 12
+        anchors.left: parent.left
+        anchors.top: parent.top
+        anchors.leftMargin: 16
+        anchors.topMargin: 12
         width: 620
+        horizontalAlignment: Text.AlignLeft
         visible: !gallery.bare
         text: root.name
         color: "white"
@@ -55,6 +58,7 @@ Item {
         anchors.left: title.left
         anchors.top: title.bottom
         width: 620
+        horizontalAlignment: Text.AlignLeft
         visible: !gallery.bare
         text: gallery.about(root.name)
         color: "#B2FFFFFF"

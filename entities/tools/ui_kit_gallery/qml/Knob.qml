@@ -36,6 +36,7 @@ Item {
             UiKitBase.CheckBox {
                 id: box
 
+                anchors.left: parent.left
                 y: 8
                 text: root.property
                 checked: root.value === true

@@ -13,12 +13,14 @@ Window {
     maximumHeight: height
     title: "UI kit: " + gallery.pageName
     color: "#5A6470"
+    // Of the window, for its popups too.
+    LayoutMirroring.enabled: Qt.locale().textDirection === Qt.RightToLeft
+    LayoutMirroring.childrenInherit: true
 
     UiKitBase.CommonWindow {
         anchors.fill: parent
         pageSource: gallery.page
         menuSource: GalleryMenu {}
-
         onCloseActivated: Qt.quit()
     }
 }

@@ -20,6 +20,7 @@ Column {
     UiKitBase.TextPromt {
         id: caption
 
+        anchors.left: parent.left
         color: paletteProvider.palette ? paletteProvider.palette.contentSecondary : "#8FFFFFFF"
         font.pixelSize: 12
         wrapMode: Text.NoWrap
@@ -28,6 +29,7 @@ Column {
     Item {
         id: place
 
+        anchors.left: parent.left
         width: childrenRect.width
         height: childrenRect.height
     }

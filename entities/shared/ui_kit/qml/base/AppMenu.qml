@@ -31,11 +31,9 @@ Item {
         SharpImage {
             id: image
 
-            // Given before the layout does: otherwise the file is read in another size first.
-            width: 88
-            height: 88
-            Layout.preferredWidth: width
-            Layout.preferredHeight: height
+            shownWidth: 88
+            Layout.preferredWidth: shownWidth
+            Layout.preferredHeight: 88
             Layout.topMargin: 16
             Layout.alignment: Qt.AlignHCenter
             source: "qrc:/rdp_client/images/icon-avatar"
@@ -87,10 +85,9 @@ Item {
                 spacing: 16
 
                 SharpImage {
-                    width: 20
-                    height: 20
-                    Layout.preferredWidth: width
-                    Layout.preferredHeight: height
+                    shownWidth: 20
+                    Layout.preferredWidth: shownWidth
+                    Layout.preferredHeight: 20
                     source: "qrc:/ui_kit/images/"
                             + (button.enabled ? "settings_gear" : "settings_gear_disabled")
                 }

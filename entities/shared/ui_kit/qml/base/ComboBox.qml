@@ -324,7 +324,8 @@ Item {
             spacing: 10
 
             SharpImage {
-                Layout.preferredWidth: 20
+                shownWidth: 20
+                Layout.preferredWidth: shownWidth
                 Layout.preferredHeight: 20
                 source: "qrc:/ui_kit/images/combobox/magnifier_icon"
             }

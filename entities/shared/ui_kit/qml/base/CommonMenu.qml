@@ -37,6 +37,7 @@ Item {
             Layout.fillWidth: true
             leftPadding: 12
             rightPadding: 12
+            horizontalAlignment: Text.AlignLeft
             font.pixelSize: 32
             font.weight: Font.DemiBold
         }
@@ -93,6 +94,7 @@ Item {
                     text: row.name
                     font.pixelSize: 16
                     font.weight: Font.Medium
+                    horizontalAlignment: Text.AlignLeft
                     verticalAlignment: Text.AlignVCenter
                     elide: Text.ElideRight
                     wrapMode: Text.NoWrap
