@@ -6,16 +6,16 @@
 
 namespace {
 
-thread_local std::size_t t_allocations = 0;
+std::atomic<std::size_t> g_allocations = 0;
 std::atomic<bool> g_refuses = false;
 
 }  // namespace
 
 namespace platform::tests {
 
-std::size_t AllocationsOfThisThread()
+std::size_t Allocations()
 {
-    return t_allocations;
+    return g_allocations;
 }
 
 void RefuseMemory()
@@ -27,7 +27,7 @@ void RefuseMemory()
 
 [[gnu::noinline]] void* operator new(std::size_t size)
 {
-    ++t_allocations;
+    ++g_allocations;
     if (void* memory = g_refuses ? nullptr : std::malloc(size == 0 ? 1 : size))
     {
         return memory;

@@ -4,8 +4,8 @@
 
 namespace platform::tests {
 
-/// How often `operator new` has run on the calling thread, in a program with this counter.
-std::size_t AllocationsOfThisThread();
+/// How often `operator new` has run, in a program with this counter.
+std::size_t Allocations();
 
 /// From now on `operator new` fails, on every thread.
 void RefuseMemory();

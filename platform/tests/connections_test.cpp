@@ -31,23 +31,9 @@ void Publish()
     ASSERT_TRUE(published);
 }
 
-struct Connected
+std::future<Connected> ConnectInBackground()
 {
-    int result;
-    std::uint32_t handle;
-    std::uint32_t riid;
-};
-
-std::future<Connected> ConnectInBackground(const char* service, std::uint32_t timeout)
-{
-    return std::async(std::launch::async,
-                      [=]
-                      {
-                          Connected made{};
-                          made.result =
-                              XoCmConnect(Entity, service, timeout, &made.handle, &made.riid);
-                          return made;
-                      });
+    return std::async(std::launch::async, [] { return Connect(Entity, Service, 10'000); });
 }
 
 struct Names
@@ -64,17 +50,17 @@ int Listen(Names& names, std::uint32_t timeout = 5000)
 TEST(Connections, FailWithTheFittingCode)
 {
     Publish();
-    std::uint32_t handle = 0;
-    std::uint32_t riid = 0;
-    EXPECT_EQ(XoCmConnect("vx.tests.Nobody", Service, 5000, &handle, &riid), XoObjectGone);
-    EXPECT_EQ(handle, XoInvalidHandle);
-    EXPECT_EQ(riid, 65535U);
-    EXPECT_EQ(XoCmConnect(Entity, Service, 20, &handle, &riid), XoTimedOut);
+    const Connected nobody = Connect("vx.tests.Nobody", Service);
+    EXPECT_EQ(nobody.result, XoObjectGone);
+    EXPECT_EQ(nobody.handle, XoInvalidHandle);
+    EXPECT_EQ(nobody.riid, 65535U);
+    EXPECT_EQ(Connect(Entity, Service, 20).result, XoTimedOut);
 
     Names names;
     EXPECT_EQ(Listen(names, 20), XoTimedOut) << "the client has gone";
-    auto connecting = ConnectInBackground(Service, 5000);
+    auto connecting = ConnectInBackground();
     ASSERT_EQ(Listen(names), XoOk);
+    std::uint32_t handle = 0;
     EXPECT_EQ(XoCmAccept(names.client, Service, 1, 0x123456, &handle), XoObjectGone);
     EXPECT_EQ(XoCmDrop(names.client, Service), XoOk) << "still pending";
     EXPECT_EQ(XoCmDrop(names.client, Service), XoObjectGone);
@@ -84,13 +70,13 @@ TEST(Connections, FailWithTheFittingCode)
 TEST(Connections, ARequestThatIsLeftAloneComesAgainAfterTheOthers)
 {
     Publish();
-    auto first = ConnectInBackground(Service, 10000);
+    auto first = ConnectInBackground();
     Names one;
     ASSERT_EQ(Listen(one), XoOk);
     Names again;
     ASSERT_EQ(Listen(again), XoOk);
     EXPECT_STREQ(again.client, one.client);
-    auto second = ConnectInBackground(Service, 10000);
+    auto second = ConnectInBackground();
     Names two;
     ASSERT_TRUE(Eventually(
         [&] { return Listen(two) == XoOk && std::strcmp(two.client, one.client) != 0; }));

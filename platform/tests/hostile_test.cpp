@@ -2,11 +2,12 @@
 // connection and one log line, and nobody else anything.
 
 #include <deque>
-#include <random>
 
 #include <sys/mman.h>
 
 #include "arena_file.h"
+#include "event_object.h"
+#include "handle_table.h"
 #include "offence_filter.h"
 #include "server_process.h"
 
@@ -30,64 +31,69 @@ struct Offender
     std::size_t spareDescriptors = 0;  ///< of the server; newcomers wait until the offender is gone
 };
 
-const RawSocket& Connect(Loot& loot, const std::string& place, const std::string& words = "")
+const RawSocket& Open(Loot& loot, const std::string& place, const std::string& words = "")
 {
     const RawSocket& raw = loot.emplace_back(RawSocket::ConnectedTo(place));
     EXPECT_TRUE(words.empty() || raw.TrySend(words));
     return raw;
 }
 
-class Hostile : public LinuxTest
+using Hostile = LinuxTest;
+
+/// A server in a process of its own, an offender in another one, and this process, which is
+/// innocent and served before, meanwhile and afterwards.
+void SufferUnlogged(const Offender& offender)
 {
-protected:
-    /// A server in a process of its own, an offender in another one, and this process, which is
-    /// innocent and served before, meanwhile and afterwards.
-    void Suffer(const Offender& offender)
+    const ServerProcess server(offender.spareDescriptors);
+    const std::string pid = std::to_string(server.Pid());
+    Client innocent(ServerProcess::Name);
+    ServerProcess::ExpectServed(innocent.transport);
+    const std::size_t descriptors = CountDescriptors(pid);
+    ServerProcess::ExpectNewcomersServed();
+    const auto memory = [&]
     {
-        SCOPED_TRACE(offender.what);
-        log.Clear();
-        const ServerProcess server(offender.spareDescriptors);
-        const std::string pid = std::to_string(server.Pid());
-        Client innocent(ServerProcess::Name);
+        return ServerProcess::ExpectServed(innocent.transport, ServerProcess::TellMemory);
+    };
+    const std::uint64_t memoryBefore = memory();
+
+    const Signal done;
+    const Signal leave;
+    Child hostile(
+        [&]
+        {
+            Loot loot;
+            offender.misbehave(loot);
+            done.Give();
+            leave.Await();
+            return 0;
+        });
+    for (bool last = false; !last && !testing::Test::HasFailure();)
+    {
+        last = done.IsGiven() || hostile.HasEnded();
         ServerProcess::ExpectServed(innocent.transport);
-        const std::size_t descriptors = CountDescriptors(pid);
-        ServerProcess::ExpectNewcomersServed();
-        const auto memory = [&]
+        if (offender.spareDescriptors == 0)
         {
-            return ServerProcess::ExpectServed(innocent.transport, ServerProcess::TellMemory);
-        };
-        const std::uint64_t memoryBefore = memory();
-
-        const Signal done;
-        const Signal leave;
-        Child hostile(
-            [&]
-            {
-                Loot loot;
-                offender.misbehave(loot);
-                done.Give();
-                leave.Await();
-                return 0;
-            });
-        for (bool last = false; !last && !HasFailure();)
-        {
-            last = done.IsGiven() || hostile.HasEnded();
-            ServerProcess::ExpectServed(innocent.transport);
-            if (offender.spareDescriptors == 0)
-            {
-                ServerProcess::ExpectNewcomersServed();
-            }
+            ServerProcess::ExpectNewcomersServed();
         }
-        leave.Give();
-        EXPECT_EQ(hostile.Wait(), offender.status);
-        ServerProcess::ExpectNewcomersServed();
-        EXPECT_TRUE(Eventually([&] { return CountDescriptors(pid) == descriptors; }));
-        EXPECT_LE(memory(), memoryBefore + 65536);
-        EXPECT_EQ(log.Count(), offender.lines) << log.Text();
     }
+    leave.Give();
+    EXPECT_EQ(hostile.Wait(), offender.status);
+    ServerProcess::ExpectNewcomersServed();
+    EXPECT_TRUE(Eventually([&] { return CountDescriptors(pid) == descriptors; }));
+    EXPECT_LE(memory(), memoryBefore + 65536);
+}
 
-    LogLines log;
-};
+void ExpectLines(std::size_t count, const std::function<void()>& function)
+{
+    const std::string log = LogOf(function);
+    EXPECT_EQ(std::count(log.begin(), log.end(), '\n'), count) << log;
+}
+
+void Suffer(const Offender& offender)
+{
+    SCOPED_TRACE(offender.what);
+    ExpectLines(offender.lines, [&] { SufferUnlogged(offender); });
+}
 
 /// Descriptors that are no arena of 70000 bytes and no event object, by what is wrong with them.
 std::vector<std::pair<const char*, Descriptor>> MakeForeignDescriptors()
@@ -182,7 +188,7 @@ auto Crowding(const std::string& place, int count, const std::string& words = ""
     {
         for (int i = 0; i < count; ++i)
         {
-            Connect(loot, place, words);
+            Open(loot, place, words);
         }
     };
 }
@@ -201,7 +207,7 @@ auto DroppingInALoop(const std::string& place)
 void BeDeaf(Loot& loot)
 {
     Packet packet{.arena = std::string(60000, 'x')};
-    for (const RawSocket& raw = Connect(loot, Direct); raw.TrySend(packet);)
+    for (const RawSocket& raw = Open(loot, Direct); raw.TrySend(packet);)
     {
         ++packet.sequence;
     }
@@ -209,7 +215,7 @@ void BeDeaf(Loot& loot)
 
 void SpeakTwice(Loot& loot)
 {
-    const RawSocket& raw = Connect(loot, Asking, AskFor("nothing"));
+    const RawSocket& raw = Open(loot, Asking, AskFor("nothing"));
     raw.Send(AskFor("nothing"));
     EXPECT_EQ(raw.Read(), "");
 }
@@ -230,7 +236,7 @@ auto Dying(const std::string& place, const std::string& words, bool answered = f
 {
     return [=](Loot& loot)
     {
-        const RawSocket& raw = Connect(loot, place, words);
+        const RawSocket& raw = Open(loot, place, words);
         if (answered)
         {
             raw.Await();
@@ -282,9 +288,7 @@ TEST_F(Hostile, WithoutMemoryNobodyHangsOrGetsAWrongAnswer)
         const int result = Call(newcomer.transport, request, response);
         EXPECT_TRUE(result == XoOk ? response.bytes[79] == 9 : result == XoObjectGone) << result;
     }
-    std::uint32_t handle = 0;
-    std::uint32_t riid = 0;
-    EXPECT_EQ(XoCmConnect(ServerProcess::Entity, "offered", 5000, &handle, &riid), XoObjectGone);
+    EXPECT_EQ(Connect(ServerProcess::Entity, "offered").result, XoObjectGone);
 }
 
 TEST_F(Hostile, AFloodOfConnectionsDoesNotHoldTheReceiver)
@@ -318,23 +322,30 @@ struct HostileServer
     std::uint32_t limit = ServerProcess::Bound;
 };
 
-void Face(const HostileServer& row, const std::string& place, int (*call)(std::uint32_t limit))
+void Face(const std::vector<HostileServer>& rows,
+          const std::string& place,
+          int (*call)(std::uint32_t limit))
 {
-    SCOPED_TRACE(row.what);
-    LogLines::Clear();
-    const Signal ready;
-    Child server(
-        [&]
+    for (const HostileServer& row : rows)
+    {
+        SCOPED_TRACE(row.what);
+        const auto face = [&]
         {
-            const RawSocket listening = RawSocket::ListeningAs(place);
-            ready.Give();
-            row.misbehave(listening);
-            return 0;
-        });
-    ready.Await();
-    EXPECT_EQ(call(row.limit), row.expected);
-    EXPECT_EQ(LogLines::Count(), row.expected == XoBroken ? 1U : 0U) << LogLines::Text();
-    server.Wait();
+            const Signal ready;
+            Child server(
+                [&]
+                {
+                    const RawSocket listening = RawSocket::ListeningAs(place);
+                    ready.Give();
+                    row.misbehave(listening);
+                    return 0;
+                });
+            ready.Await();
+            EXPECT_EQ(call(row.limit), row.expected);
+            server.Wait();
+        };
+        ExpectLines(row.expected == XoBroken ? 1 : 0, face);
+    }
     ::unlink(SocketPath(place).c_str());
 }
 
@@ -409,31 +420,21 @@ TEST_F(Hostile, ServersCostTheirClientOneCall)
         EXPECT_TRUE(!broken || Call(client.transport, request, response) == XoObjectGone);
         return result;
     };
-    for (const HostileServer& row : rows)
-    {
-        Face(row, "connections/rude", call);
-    }
+    Face(rows, "connections/rude", call);
 }
 
 TEST_F(Hostile, ServersInTheHandshakeGiveACode)
 {
-    const HostileServer rows[] = {
+    const std::vector<HostileServer> rows{
         {"garbage", XoBroken, Answering("garbage")},
         {"a code with a meaning", XoRefused, Answering(Verdict(-11))},
         {"silent", XoTimedOut, BeSilent, 100},
         {"killed before it reads", XoObjectGone, DyingAfter(1)},
         {"killed before its verdict", XoObjectGone, DyingAfter(2)},
     };
-    const auto connect = [](std::uint32_t limit)
-    {
-        std::uint32_t handle = 0;
-        std::uint32_t riid = 0;
-        return XoCmConnect("rude", "service", limit, &handle, &riid);
-    };
-    for (const HostileServer& row : rows)
-    {
-        Face(row, "servers/rude", connect);
-    }
+    Face(rows,
+         "servers/rude",
+         [](std::uint32_t limit) { return Connect("rude", "service", limit).result; });
 }
 
 TEST_F(Hostile, LateRepliesAreOnePerAbandonedCall)
@@ -456,30 +457,20 @@ TEST_F(Hostile, AForeignSetterCanOnlySetBits)
     int ends[2];
     ASSERT_EQ(::socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, ends), 0);
     const RawSocket setter(ends[0]);
-    Descriptor waiter(ends[1]);
-    Endpoint endpoint("setter");
-    const RawSocket raw = RawSocket::ConnectedTo("connections/setter");
-    raw.Send(Packet{.handles = 1, .mask = 1}, {waiter.Get()});
-    waiter.Reset();
-    Letter request;
-    request.SetHandles(1);
-    ASSERT_EQ(Receive(endpoint.transport, request), XoOk);
-    const std::uint32_t handle = request.Slot(0).handle;
+    const std::uint32_t handle =
+        HandleTable::Instance().Add(EventWaiter::FromForeign(Descriptor(ends[1])));
     SNotice* notice = nullptr;
     ASSERT_EQ(XoNoticeCreate(&notice), XoOk);
     ASSERT_EQ(XoNoticeSubscribeToObject(notice, handle, ~0U, 1), XoOk);
-    EventDesc event{};
-    unsigned long received = 0;
     const std::uint32_t bits[] = {XoEventClosed, 0x10000};
     const std::string masks(reinterpret_cast<const char*>(bits), sizeof bits);
     for (const std::string& packet : {std::string("xyz"), masks, masks.substr(0, 4)})
     {
         setter.Send(packet);
     }
-    EXPECT_EQ(XoNoticeGetEvent(notice, 20, 1, &event, &received), XoTimedOut);
+    EXPECT_EQ(NextEvent(notice, 20).first, XoTimedOut);
     setter.Send(masks.substr(4));
-    ASSERT_EQ(XoNoticeGetEvent(notice, 5000, 1, &event, &received), XoOk);
-    EXPECT_EQ(event.events, bits[1]);
+    EXPECT_EQ(NextEvent(notice).second.events, bits[1]);
     XoNoticeRelease(notice);
     EXPECT_EQ(XoHandleClose(handle), XoOk);
 }

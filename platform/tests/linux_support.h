@@ -1,6 +1,5 @@
 #pragma once
 
-#include <atomic>
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
@@ -12,14 +11,13 @@
 
 #include <fcntl.h>
 #include <poll.h>
-#include <sys/mman.h>
+#include <sys/eventfd.h>
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <shared/ipc_utils/publish.h>
-#include <tvo/platform_log.h>
 
 #include "descriptor.h"
 #include "frame.h"
@@ -27,52 +25,13 @@
 
 namespace platform::tests {
 
-/// The lines that the platform writes while this object lives, in this process and in those that
-/// it forks.
-class LogLines
+/// What the platform writes while the function runs, in this process and in those that it forks.
+inline std::string LogOf(const std::function<void()>& function)
 {
-public:
-    LogLines()
-    {
-        s_file = ::memfd_create("log", MFD_CLOEXEC);
-        TvoPlatformSetLog([](TvoPlatformLogLevel, const char* text)
-                          { ::dprintf(s_file, "%s\n", text); });
-    }
-
-    ~LogLines()
-    {
-        TvoPlatformSetLog(nullptr);
-        ::close(s_file.exchange(-1));
-    }
-
-    static void Clear()
-    {
-        EXPECT_TRUE(::ftruncate(s_file, 0) == 0 && ::lseek(s_file, 0, SEEK_SET) == 0);
-    }
-
-    static std::string Text()
-    {
-        std::string text(100'000, '\0');
-        text.resize(static_cast<std::size_t>(::pread(s_file, text.data(), text.size(), 0)));
-        return text;
-    }
-
-    /// Lines, or occurrences of something that comes once a line.
-    static std::size_t Count(const std::string& part = "\n")
-    {
-        const std::string text = Text();
-        std::size_t count = 0;
-        for (std::size_t at = text.find(part); at != std::string::npos;
-             at = text.find(part, at + 1))
-        {
-            ++count;
-        }
-        return count;
-    }
-
-private:
-    static inline std::atomic<int> s_file = -1;
-};
+    testing::internal::CaptureStderr();
+    function();
+    return testing::internal::GetCapturedStderr();
+}
 
 inline std::size_t CountDescriptors(const std::string& process = "self")
 {
@@ -88,9 +47,7 @@ protected:
     {
         // The folder's descriptors stay open from the first use on.
         XoHandleClose(ServiceLocatorConnect("nobody"));
-        std::uint32_t handle = 0;
-        std::uint32_t riid = 0;
-        XoCmConnect("nobody", "nothing", 0, &handle, &riid);
+        Connect("nobody", "nothing", 0);
         m_before = CountDescriptors();
     }
 
@@ -165,11 +122,16 @@ public:
         return ::sendmsg(Get(), &message, MSG_NOSIGNAL) >= 0;
     }
 
-    /// Waits for a packet, the end, or the next client of a listening socket.
-    void Await() const
+    /// Whether there is a packet, the end, or the next client of a listening socket.
+    bool IsReady(int timeout = 0) const
     {
         pollfd state{Get(), POLLIN, 0};
-        EXPECT_EQ(::poll(&state, 1, 15'000), 1) << "nothing comes";
+        return ::poll(&state, 1, timeout) == 1;
+    }
+
+    void Await() const
+    {
+        EXPECT_TRUE(IsReady(15'000)) << "nothing comes";
     }
 
     /// Waits for a packet.
@@ -271,6 +233,28 @@ inline bool PublishAs(const char* entity, const char* service)
            shared::ipc_utils::TryPublishService(entity, service);
 }
 
+/// Tests of a process that publishes "offered" and lets clients in.
+class PublishedTest : public LinuxTest
+{
+protected:
+    static constexpr char Entity[] = "vx.tests.Published";
+    static constexpr char Servers[] = "servers/vx.tests.Published";
+
+    static void SetUpTestSuite()
+    {
+        static const bool published = PublishAs(Entity, "offered");
+        ASSERT_TRUE(published);
+    }
+
+    int Listen(std::uint32_t timeout = 0)
+    {
+        return XoCmListen(nullptr, timeout, client, service);
+    }
+
+    char client[XoCmNameSize] = {};
+    char service[XoCmNameSize] = {};
+};
+
 /// A forked process. Fork before the test starts threads.
 class Child
 {
@@ -330,33 +314,23 @@ private:
 class Signal
 {
 public:
-    Signal()
-    {
-        int ends[2] = {-1, -1};
-        EXPECT_EQ(::socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, ends), 0);
-        m_awaiting = RawSocket(ends[0]);
-        m_giving = RawSocket(ends[1]);
-    }
-
     void Give() const
     {
-        m_giving.Send("x");
+        EXPECT_EQ(::eventfd_write(m_event.Get(), 1), 0);
     }
 
     void Await() const
     {
-        EXPECT_EQ(m_awaiting.Read(), "x");
+        m_event.Await();
     }
 
     bool IsGiven() const
     {
-        pollfd state{m_awaiting.Get(), POLLIN, 0};
-        return ::poll(&state, 1, 0) > 0;
+        return m_event.IsReady();
     }
 
 private:
-    RawSocket m_awaiting{-1};
-    RawSocket m_giving{-1};
+    const RawSocket m_event{::eventfd(0, EFD_CLOEXEC)};
 };
 
 }  // namespace platform::tests

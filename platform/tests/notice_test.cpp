@@ -27,11 +27,8 @@ protected:
     /// Bits of the next event, or 0 when none comes in time.
     std::uint32_t NextBits(unsigned long timeout = 5000)
     {
-        EventDesc event{};
-        unsigned long received = 0;
-        const int result = XoNoticeGetEvent(notice, timeout, 1, &event, &received);
+        const auto [result, event] = NextEvent(notice, timeout);
         EXPECT_TRUE(result == XoOk || result == XoTimedOut) << std::hex << result;
-        EXPECT_EQ(result == XoOk ? 1U : 0U, received);
         return event.events;
     }
 
@@ -45,9 +42,7 @@ TEST_F(NoticeTest, ReportsJoinedBitsWithinTheMask)
     ASSERT_EQ(XoNoticeSubscribeToObject(notice, waiter, 0x10001, 42), XoOk);
     EXPECT_NE(XoNoticeSubscribeToObject(notice, waiter, 0x10001, 43), XoOk) << "one an object";
     ASSERT_EQ(XoNoticeSetObjectEvent(setter, 0x30000), XoOk);
-    EventDesc event{};
-    unsigned long received = 0;
-    ASSERT_EQ(XoNoticeGetEvent(notice, 5000, 1, &event, &received), XoOk);
+    const auto event = NextEvent(notice).second;
     EXPECT_EQ(event.id, 42U);
     EXPECT_EQ(event.events, 0x10000U);
     ASSERT_EQ(XoNoticeSetObjectEvent(setter, 0x20000), XoOk);
@@ -100,39 +95,28 @@ TEST_F(NoticeTest, SaysNothingAfterUnsubscribing)
 
 TEST_F(NoticeTest, DropWakesWaitersNowAndLater)
 {
-    auto waiting = std::async(std::launch::async,
-                              [this]
-                              {
-                                  EventDesc event{};
-                                  unsigned long received = 0;
-                                  return XoNoticeGetEvent(notice, WzInfinite, 1, &event, &received);
-                              });
+    const auto wait = [this]
+    {
+        return NextEvent(notice, WzInfinite).first;
+    };
+    auto waiting = std::async(std::launch::async, wait);
     EXPECT_EQ(XoNoticeDropAndWake(notice), XoOk);
     EXPECT_EQ(waiting.get(), XoObjectGone);
-    EventDesc event{};
-    unsigned long received = 0;
-    EXPECT_EQ(XoNoticeGetEvent(notice, WzInfinite, 1, &event, &received), XoObjectGone);
+    EXPECT_EQ(wait(), XoObjectGone);
 }
 
 TEST_F(NoticeTest, WaitingEndTravelsInAMessage)
 {
     Endpoint endpoint("travels");
-    auto call =
-        std::async(std::launch::async,
-                   [this]
-                   {
-                       Client client("travels");
-                       Letter request;
-                       Letter response;
-                       response.SetHandles(3);
-                       EXPECT_EQ(Call(client.transport, request, response), XoOk);
-                       EXPECT_EQ(response.Slot(0).handle, WzNoHandleInMessage);
-                       EXPECT_EQ(response.Slot(2).handle, WzNoHandleInMessage);
-                       const std::uint32_t received = response.Slot(1).handle;
-                       EXPECT_EQ(XoNoticeSubscribeToObject(notice, received, 0x10001, 5), XoOk);
-                       EXPECT_EQ(NextBits(), 0x10000U);
-                       return received;
-                   });
+    Client client("travels");
+    Letter received;
+    received.SetHandles(3);
+    auto call = std::async(std::launch::async,
+                           [&]
+                           {
+                               Letter request;
+                               return Call(client.transport, request, received);
+                           });
     Letter request;
     ASSERT_EQ(Receive(endpoint.transport, request), XoOk);
     Letter response;
@@ -141,12 +125,17 @@ TEST_F(NoticeTest, WaitingEndTravelsInAMessage)
     response.Slot(1).handle = waiter;
     response.Slot(2).handle = WzNoHandleInMessage;
     ASSERT_EQ(Reply(endpoint.transport, response), XoOk);
+    EXPECT_EQ(call.get(), XoOk);
+    EXPECT_EQ(received.Slot(0).handle, WzNoHandleInMessage);
+    EXPECT_EQ(received.Slot(2).handle, WzNoHandleInMessage);
+    const std::uint32_t other = received.Slot(1).handle;
     EXPECT_EQ(XoHandleClose(waiter), XoOk) << "the sender's own handle, still open";
+    EXPECT_EQ(XoNoticeSubscribeToObject(notice, other, 0x10001, 5), XoOk);
     EXPECT_EQ(XoNoticeSetObjectEvent(setter, 0x10000), XoOk);
-    const std::uint32_t received = call.get();
+    EXPECT_EQ(NextBits(), 0x10000U);
     EXPECT_EQ(XoHandleClose(setter), XoOk);
     EXPECT_EQ(NextBits(), XoEventClosed);
-    EXPECT_EQ(XoHandleClose(received), XoOk);
+    EXPECT_EQ(XoHandleClose(other), XoOk);
 }
 
 }  // namespace

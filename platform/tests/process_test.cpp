@@ -1,6 +1,7 @@
 // Processes that come and go, and limits that are reached.
 
 #include <ctime>
+#include <deque>
 #include <future>
 #include <set>
 
@@ -20,27 +21,17 @@ namespace {
 using Processes = LinuxTest;
 using Limits = LinuxTest;
 
-TEST_F(Processes, ServerIsFoundWhileItLivesAndItsNameIsFreeAfterwards)
+TEST_F(Processes, NameOfADeadServerIsFree)
 {
-    using shared::ipc_utils::FindConnectionTargetForType;
     constexpr const char* Entity = ServerProcess::Entity;
-    const LogLines log;
-    {
-        const ServerProcess server;
-        const auto found = FindConnectionTargetForType(Entity, 5000);
-        ASSERT_TRUE(found);
-        EXPECT_STREQ(found->first.data(), Entity);
-        EXPECT_STREQ(found->second.data(), ServerProcess::Service);
-        Child rival([] { return PublishAs(Entity, "another") ? 0 : 1; });
-        EXPECT_EQ(rival.Wait(), 1) << "the name is held";
-    }
-    EXPECT_FALSE(FindConnectionTargetForType(Entity, 0));
-    std::uint32_t handle = 0;
-    std::uint32_t riid = 0;
-    EXPECT_EQ(XoCmConnect(Entity, ServerProcess::Service, WzInfinite, &handle, &riid), XoObjectGone)
+    std::optional<ServerProcess> server(std::in_place);
+    EXPECT_TRUE(shared::ipc_utils::FindConnectionTargetForType(Entity, 5000));
+    server.reset();
+    EXPECT_FALSE(shared::ipc_utils::FindConnectionTargetForType(Entity, 0));
+    EXPECT_EQ(Connect(Entity, ServerProcess::Service, WzInfinite).result, XoObjectGone)
         << "its socket is still there";
-    Child successor([] { return PublishAs(Entity, "another") ? 0 : 1; });
-    EXPECT_EQ(successor.Wait(), 0);
+    server.emplace();
+    ServerProcess::ExpectNewcomersServed();
 }
 
 /// Opens every door that would stop another user before the port does.
@@ -60,9 +51,9 @@ TEST_F(Processes, AnotherUserIsTurnedAwayAsClientAndAsServer)
         GTEST_SKIP() << "needs root";
     }
     constexpr uid_t Nobody = 65534;
-    const LogLines log;
+    const auto meet = []
     {
-        Endpoint endpoint("foreign");
+        std::optional<Endpoint> endpoint("foreign");
         OpenDoors("foreign.sock");
         Child foreigner(
             []
@@ -71,48 +62,54 @@ TEST_F(Processes, AnotherUserIsTurnedAwayAsClientAndAsServer)
                 EXPECT_EQ(RawSocket::ConnectedTo("connections/foreign").Read(), "");
                 return 0;
             });
-        WzTvoSetTransportTimeouts(&endpoint.transport, 50, 0);
+        WzTvoSetTransportTimeouts(&endpoint->transport, 50, 0);
         Letter request;
         while (!foreigner.HasEnded())
         {
-            EXPECT_EQ(Receive(endpoint.transport, request), WzTimedOut);
+            EXPECT_EQ(Receive(endpoint->transport, request), WzTimedOut);
         }
         EXPECT_EQ(foreigner.Wait(), 0);
-    }
-    const Signal ready;
-    Child impostor(
-        [&]
-        {
-            EXPECT_EQ(::setuid(Nobody), 0);
-            const RawSocket listening = RawSocket::ListeningAs("connections/foreign");
-            ready.Give();
-            EXPECT_EQ(listening.Accept().Read(), "");
-            return 0;
-        });
-    ready.Await();
-    // Root would trust the owner of the folder, and this is not the owner.
-    EXPECT_EQ(ServiceLocatorConnect("foreign"), XoInvalidHandle);
-    EXPECT_EQ(impostor.Wait(), 0);
-    EXPECT_EQ(log.Count("uid 65534 closed: it belongs to another user"), 2U) << log.Text();
+        endpoint.reset();
+        const Signal ready;
+        Child impostor(
+            [&]
+            {
+                EXPECT_EQ(::setuid(Nobody), 0);
+                const RawSocket listening = RawSocket::ListeningAs("connections/foreign");
+                ready.Give();
+                EXPECT_EQ(listening.Accept().Read(), "");
+                return 0;
+            });
+        ready.Await();
+        // Root would trust the owner of the folder, and this is not the owner.
+        EXPECT_EQ(ServiceLocatorConnect("foreign"), XoInvalidHandle);
+        EXPECT_EQ(impostor.Wait(), 0);
+    };
+    const std::string line = "[^\n]*uid 65534 closed: it belongs to another user[^\n]*\n";
+    EXPECT_THAT(LogOf(meet), testing::MatchesRegex(line + line));
 }
 
 TEST_F(Processes, SoftDescriptorLimitIsRaisedAndGivenBack)
 {
-    rlimit limit{};
-    ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &limit), 0);
-    EXPECT_EQ(limit.rlim_cur, limit.rlim_max);
+    const auto limitNow = []
+    {
+        rlimit limit{};
+        ::getrlimit(RLIMIT_NOFILE, &limit);
+        return limit;
+    };
+    const rlim_t most = limitNow().rlim_max;
+    EXPECT_EQ(limitNow().rlim_cur, most);
     Child child(
-        [limit]
+        [&]
         {
             // As at the start of a program whose soft limit is lower.
-            rlimit now{64, limit.rlim_max};
-            ::setrlimit(RLIMIT_NOFILE, &now);
-            const bool raised = RaiseDescriptorLimit();
-            ::getrlimit(RLIMIT_NOFILE, &now);
-            const rlim_t during = now.rlim_cur;
+            const rlimit low{64, most};
+            ::setrlimit(RLIMIT_NOFILE, &low);
+            EXPECT_TRUE(RaiseDescriptorLimit());
+            EXPECT_EQ(limitNow().rlim_cur, most);
             TvoTaskRestoreDescriptorLimit();
-            ::getrlimit(RLIMIT_NOFILE, &now);
-            return raised && during == limit.rlim_max && now.rlim_cur == 64 ? 0 : 1;
+            EXPECT_EQ(limitNow().rlim_cur, 64U);
+            return 0;
         });
     EXPECT_EQ(child.Wait(), 0);
 }
@@ -134,28 +131,29 @@ TEST_F(Limits, AFullEndpointTurnsAwayAndMakesRoomByItself)
     {
         GTEST_SKIP() << "too few descriptors";
     }
-    const LogLines log;
-    const ServerProcess server;
-    std::vector<std::unique_ptr<Client>> clients;
-    for (std::size_t i = 0; i < MaxConnections; ++i)
+    std::deque<Client> clients;
+    const auto fill = [&]
     {
-        clients.push_back(std::make_unique<Client>(ServerProcess::Name));
-        ServerProcess::ExpectServed(clients.back()->transport);
-    }
-    Child oneTooMany(
-        []
+        const ServerProcess server;
+        for (std::size_t i = 0; i < MaxConnections; ++i)
         {
-            Client client(ServerProcess::Name);
-            Letter request;
-            Letter response;
-            return Call(client.transport, request, response) == XoObjectGone ? 0 : 1;
-        });
-    EXPECT_EQ(oneTooMany.Wait(), 0);
-    EXPECT_EQ(log.Count("the endpoint is full"), 1U);
-    ServerProcess::ExpectServed(clients.front()->transport);
-    clients.pop_back();
-    Client next(ServerProcess::Name);
-    ServerProcess::ExpectServed(next.transport);
+            ServerProcess::ExpectServed(clients.emplace_back(ServerProcess::Name).transport);
+        }
+        Child oneTooMany(
+            []
+            {
+                Client client(ServerProcess::Name);
+                Letter request;
+                Letter response;
+                return Call(client.transport, request, response) == XoObjectGone ? 0 : 1;
+            });
+        EXPECT_EQ(oneTooMany.Wait(), 0);
+        ServerProcess::ExpectServed(clients.front().transport);
+        clients.pop_back();
+        Client next(ServerProcess::Name);
+        ServerProcess::ExpectServed(next.transport);
+    };
+    EXPECT_THAT(LogOf(fill), testing::MatchesRegex("[^\n]*the endpoint is full[^\n]*\n"));
 }
 
 TEST_F(Limits, AFullBacklogIsTriedAgain)
@@ -171,16 +169,15 @@ TEST_F(Limits, AFullBacklogIsTriedAgain)
     } while (::connect(waiting.back().Get(), generic, sizeof address) == 0);
     EXPECT_EQ(errno, EAGAIN);
     EXPECT_GT(waiting.size(), 1024U);
-    auto late = std::async(std::launch::async,
-                           []
-                           {
-                               Client client("backlog");
-                               Letter request;
-                               Letter response;
-                               return Call(client.transport, request, response);
-                           });
-    waiting.clear();
     Letter request;
+    Letter response;
+    const auto call = [&]
+    {
+        Client client("backlog");
+        return Call(client.transport, response, response);
+    };
+    auto late = std::async(std::launch::async, call);
+    waiting.clear();
     ASSERT_EQ(Receive(endpoint.transport, request), XoOk);
     EXPECT_EQ(Reply(endpoint.transport, request), XoOk);
     EXPECT_EQ(late.get(), XoOk);
@@ -206,9 +203,8 @@ TEST_F(Limits, TheListenerDoesNotSpinWhenDescriptorsAreExhausted)
     EXPECT_EQ(child.Wait(), 0);
 }
 
-class EmptyObject final : public Object
+struct EmptyObject final : Object
 {
-public:
     EmptyObject() : Object(ObjectKind::EventWaiter) {}
 
     void Close() override {}
@@ -233,9 +229,8 @@ TEST_F(Limits, HandlesAreToldApartUntilTheTableIsFull)
     }
     EXPECT_EQ(handles.back(), XoInvalidHandle);
     handles.pop_back();
-    std::uint32_t setter = 0;
-    std::uint32_t waiter = 0;
-    EXPECT_EQ(XoEventCreate(&setter, &waiter), XoNoResources);
+    std::uint32_t none = 0;
+    EXPECT_EQ(XoEventCreate(&none, &none), XoNoResources);
     std::uint64_t identifier = 1;
     EXPECT_EQ(ServiceLocatorRegister("full", nullptr, 0, &identifier), XoInvalidHandle);
     EXPECT_LE(handles.size(), 65'535U);

@@ -3,7 +3,6 @@
 #include <fstream>
 
 #include <gmock/gmock.h>
-#include <sys/stat.h>
 
 #include "bound_name.h"
 #include "linux_support.h"
@@ -36,57 +35,49 @@ protected:
     {
         ::setenv("TVO_RUNTIME_DIR", path.c_str(), 1);
         Rendezvous rendezvous;
-        return rendezvous.Open(Place::Servers, purpose);
+        const int folder = rendezvous.Open(Place::Servers, purpose);
+        EXPECT_TRUE(folder >= 0 || rendezvous.Open(Place::Servers, purpose) == -1);
+        return folder;
+    }
+
+    void MakeFolder(const fs::path& path, fs::perms permissions = fs::perms::owner_all) const
+    {
+        fs::create_directory(base / path);
+        fs::permissions(base / path, permissions);
     }
 
     const std::string m_former = std::getenv("TVO_RUNTIME_DIR");
     const fs::path base;
-    LogLines log;
 };
 
 TEST_F(RendezvousTest, MakesWhatIsMissingForItsOwnerAlone)
 {
-    EXPECT_GE(Open(base / "new"), 0);
-    struct stat status = {};
-    ASSERT_EQ(::stat((base / "new/servers").c_str(), &status), 0);
-    EXPECT_EQ(status.st_mode & 07777, 0700U);
-    ASSERT_EQ(::stat((base / "new").c_str(), &status), 0);
-    EXPECT_EQ(status.st_mode & 07777, 0700U);
-    EXPECT_EQ(log.Count(), 0U);
+    EXPECT_EQ(LogOf([&] { EXPECT_GE(Open(base / "new"), 0); }), "");
+    for (const char* folder : {"new", "new/servers"})
+    {
+        EXPECT_EQ(fs::status(base / folder).permissions(), fs::perms::owner_all) << folder;
+    }
 }
 
 TEST_F(RendezvousTest, RefusesAWrongFolderWithOneLine)
 {
-    const auto open = fs::perms::all;
-    fs::create_directory(base / "good");
-    fs::permissions(base / "good", fs::perms::owner_all);
+    MakeFolder("good");
+    MakeFolder("open", fs::perms::all);
+    MakeFolder("inside");
+    MakeFolder("inside/servers", fs::perms::all);
     fs::create_directory_symlink(base / "good", base / "link");
-    fs::create_directory(base / "open");
-    fs::permissions(base / "open", open);
     std::ofstream(base / "file") << "x";
-    fs::create_directories(base / "inside/servers");
-    fs::permissions(base / "inside", fs::perms::owner_all);
-    fs::permissions(base / "inside/servers", open);
-    struct Row
+    const std::pair<std::string, std::string> rows[] = {{"relative/path", "not absolute"},
+                                                        {base / "link", "symbolic link"},
+                                                        {base / "link/", "symbolic link"},
+                                                        {base / "file", "no folder"},
+                                                        {base / "open", "others have access"},
+                                                        {base / "inside", "lets others in"},
+                                                        {base / "a/b/c", "does not exist"}};
+    for (const auto& [path, reason] : rows)
     {
-        std::string path;
-        const char* reason;
-    };
-    for (const Row& row : {Row{"relative/path", "not absolute"},
-                           Row{base / "link", "symbolic link"},
-                           Row{base / "link/", "symbolic link"},
-                           Row{base / "file", "no folder"},
-                           Row{base / "open", "others have access"},
-                           Row{base / "inside", "lets others in"},
-                           Row{base / "a/b/c", "does not exist"}})
-    {
-        SCOPED_TRACE(row.path);
-        ::setenv("TVO_RUNTIME_DIR", row.path.c_str(), 1);
-        Rendezvous rendezvous;
-        EXPECT_EQ(rendezvous.Open(Place::Servers, Purpose::Look), -1);
-        EXPECT_EQ(rendezvous.Open(Place::Servers, Purpose::Look), -1);
-        EXPECT_EQ(log.Count(row.reason), 1U);
-        log.Clear();
+        EXPECT_THAT(LogOf([&] { EXPECT_EQ(Open(path, Purpose::Look), -1); }),
+                    testing::MatchesRegex("[^\n]*" + reason + "[^\n]*\n"));
     }
 }
 
@@ -98,12 +89,10 @@ TEST_F(RendezvousTest, KnowsWhoseTheFolderIs)
     }
     constexpr uid_t Nobody = 65534;
     fs::permissions(base, fs::perms::all);
-    fs::create_directory(base / "roots");
-    fs::permissions(base / "roots", fs::perms::owner_all);
-    fs::create_directories(base / "users/servers");
+    MakeFolder("roots");
     for (const char* folder : {"users", "users/servers"})
     {
-        fs::permissions(base / folder, fs::perms::owner_all);
+        MakeFolder(folder);
         ASSERT_EQ(::chown((base / folder).c_str(), Nobody, Nobody), 0);
     }
     EXPECT_GE(Open(base / "users", Purpose::Look), 0) << "root looks into a user's folder";
@@ -137,11 +126,11 @@ TEST_F(RendezvousTest, ANameIsHeldOnceAndLeavesNoSocketBehind)
         const auto held = BoundName::Take(
             folder, "name", {{LockFileLine::Kind::Service, 0, "interface", "service"}});
         ASSERT_TRUE(held);
-        EXPECT_FALSE(BoundName::Take(folder, "name", {}));
-        EXPECT_EQ(log.Count("another process holds it"), 1U);
-        struct stat status = {};
-        ASSERT_EQ(::stat((base / "name.sock").c_str(), &status), 0);
-        EXPECT_EQ(status.st_mode, static_cast<mode_t>(S_IFSOCK | 0600));
+        EXPECT_THAT(LogOf([&] { EXPECT_FALSE(BoundName::Take(folder, "name", {})); }),
+                    testing::HasSubstr("another process holds it"));
+        const auto socket = fs::status(base / "name.sock");
+        EXPECT_EQ(socket.type(), fs::file_type::socket);
+        EXPECT_EQ(socket.permissions(), fs::perms::owner_read | fs::perms::owner_write);
         EXPECT_FALSE(fs::exists(base / "name.new"));
         const auto lines = ReadHeldLockFile(folder, "name");
         ASSERT_TRUE(lines);
@@ -159,20 +148,17 @@ TEST_F(RendezvousTest, ANameIsHeldOnceAndLeavesNoSocketBehind)
 
 TEST(Names, AreEncodedForFiles)
 {
-    struct Row
-    {
-        std::string name;
-        std::string encoded;
+    const std::pair<std::string, std::string> rows[] = {
+        {"vx.vdi.CertApprover", "vx.vdi.CertApprover"},
+        {"//cm:", "%2F%2Fcm%3A"},
+        {"..", "%2E."},
+        {"100%", "100%25"},
+        {"\xC3\xA9 \n", "%C3%A9%20%0A"},
     };
-    for (const Row& row : {Row{"vx.vdi.CertApprover", "vx.vdi.CertApprover"},
-                           Row{"//cm:", "%2F%2Fcm%3A"},
-                           Row{".", "%2E"},
-                           Row{"..", "%2E."},
-                           Row{"100%", "100%25"},
-                           Row{"\xC3\xA9 \n", "%C3%A9%20%0A"}})
+    for (const auto& [name, encoded] : rows)
     {
-        EXPECT_EQ(EncodeText(row.name), row.encoded);
-        EXPECT_EQ(DecodeText(row.encoded), row.name);
+        EXPECT_EQ(EncodeText(name), encoded);
+        EXPECT_EQ(DecodeText(encoded), name);
     }
     for (const char* wrong : {"%", "%2", "%2f", "%GG", "a/b", "%41", ".hidden"})
     {

@@ -12,31 +12,15 @@ namespace platform::tests {
 namespace {
 
 /// Requests for connections, in a program of their own: a process publishes under one name.
-class Requests : public LinuxTest
+class Requests : public PublishedTest
 {
 protected:
-    static constexpr const char* Entity = "vx.tests.Requests";
-
-    static void SetUpTestSuite()
-    {
-        static const bool published = PublishAs(Entity, "offered");
-        ASSERT_TRUE(published);
-    }
-
     static RawSocket Ask(const std::string& service)
     {
-        RawSocket raw = RawSocket::ConnectedTo("servers/" + std::string(Entity));
+        RawSocket raw = RawSocket::ConnectedTo(Servers);
         raw.Send(AskFor(service));
         return raw;
     }
-
-    int Listen(std::uint32_t timeout)
-    {
-        return XoCmListen(nullptr, timeout, client, service);
-    }
-
-    char client[XoCmNameSize] = {};
-    char service[XoCmNameSize] = {};
 };
 
 TEST_F(Requests, ForWhatIsNotOfferedHoldNobodyUp)
@@ -55,8 +39,7 @@ TEST_F(Requests, ForWhatIsNotOfferedHoldNobodyUp)
     EXPECT_STREQ(service, "not offered") << "reported all the same";
     const auto isRefused = [](const RawSocket& raw)
     {
-        pollfd state{raw.Get(), POLLIN, 0};
-        return ::poll(&state, 1, 0) == 1 && raw.Read() == Verdict(XoNoResources, 65535);
+        return raw.IsReady() && raw.Read() == Verdict(XoNoResources, 65535);
     };
     EXPECT_EQ(std::count_if(others.begin(), others.end(), isRefused), 201 - MaxPendingRequests)
         << "made room";

@@ -56,10 +56,9 @@ public:
     /// Connects both ways and calls.
     static void ExpectNewcomersServed()
     {
-        std::uint32_t handle = XoInvalidHandle;
-        std::uint32_t riid = 0;
-        EXPECT_EQ(XoCmConnect(Entity, Service, Bound, &handle, &riid), XoOk);
-        Client accepted(handle);
+        const Connected made = Connect(Entity, Service, Bound);
+        EXPECT_EQ(made.result, XoOk);
+        Client accepted(made.handle);
         ExpectServed(accepted.transport);
         Client direct(Name);
         ExpectServed(direct.transport);

@@ -55,10 +55,7 @@ TEST_F(ServiceList, TellsWhoIsServedAndWhoWaitsForALivingServer)
     const Signal isPublished;
     Child server([&] { return LetOneIn(isPublished); });
     isPublished.Await();
-    std::uint32_t handle = XoInvalidHandle;
-    std::uint32_t riid = 0;
-    ASSERT_EQ(XoCmConnect(Entity, "first", 5000, &handle, &riid), XoOk);
-    const Client served(handle);
+    const Client served(Connect(Entity, "first").handle);
     const std::string door = "servers/" + std::string(Entity);
     const RawSocket first = RawSocket::ConnectedTo(door);
     EXPECT_EQ(Listed(server.Pid()),

@@ -106,46 +106,29 @@ inline bool Eventually(const std::function<bool()>& condition)
     return true;
 }
 
-/// An endpoint under a static name with a thread on it that echoes: message fields from byte 24 and
-/// the arena come back.
-class EchoServer
+struct Connected
 {
-public:
-    explicit EchoServer(const char* name, std::size_t arenaRoom = 65536)
-        : m_handle(ServiceLocatorRegister(name, nullptr, 0, &m_identifier)),
-          m_thread([this, arenaRoom] { Loop(arenaRoom); })
-    {}
-
-    ~EchoServer()
-    {
-        ServiceLocatorUnregister(m_identifier);
-        m_thread.join();
-    }
-
-private:
-    void Loop(std::size_t arenaRoom)
-    {
-        WzTvoTransport transport = MakeTransport(m_handle, WzInfinite);
-        Letter request(4096, arenaRoom);
-        for (;;)
-        {
-            request.Head().size = 4096;
-            const int result = Receive(transport, request);
-            if (result == XoObjectGone)
-            {
-                return;
-            }
-            if (result == XoOk)
-            {
-                Reply(transport, request);
-            }
-        }
-    }
-
-    std::uint64_t m_identifier = 0;
-    std::uint32_t m_handle;
-    std::thread m_thread;
+    int result;
+    std::uint32_t handle = 0;
+    std::uint32_t riid = 0;
 };
+
+inline Connected Connect(const char* entity, const char* service, std::uint32_t timeout = 5000)
+{
+    Connected made{};
+    made.result = XoCmConnect(entity, service, timeout, &made.handle, &made.riid);
+    return made;
+}
+
+/// The next event of a notice, and the result.
+inline std::pair<int, EventDesc> NextEvent(SNotice* notice, unsigned long timeout = 5000)
+{
+    EventDesc event{};
+    unsigned long received = 0;
+    const int result = XoNoticeGetEvent(notice, timeout, 1, &event, &received);
+    EXPECT_EQ(received, result == XoOk ? 1U : 0U);
+    return {result, event};
+}
 
 /// A connection that is closed at the end.
 class Client
@@ -182,6 +165,36 @@ public:
     std::uint64_t identifier = 0;
     const std::uint32_t handle;
     WzTvoTransport transport;
+};
+
+/// An endpoint with a thread on it that echoes: message fields from byte 24 and the arena come
+/// back.
+class EchoServer : Endpoint
+{
+public:
+    explicit EchoServer(const char* name, std::size_t arenaRoom = 65536)
+        : Endpoint(name), m_thread([this, arenaRoom] { Loop(arenaRoom); })
+    {}
+
+    ~EchoServer()
+    {
+        ServiceLocatorUnregister(identifier);
+        m_thread.join();
+    }
+
+private:
+    void Loop(std::size_t arenaRoom)
+    {
+        transport.receiveTimeout = WzInfinite;
+        Letter request(4096, arenaRoom);
+        while (Receive(transport, request) == XoOk)
+        {
+            Reply(transport, request);
+            request.Head().size = 4096;
+        }
+    }
+
+    std::thread m_thread;
 };
 
 }  // namespace platform::tests

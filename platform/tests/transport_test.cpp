@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "allocation_counter.h"
 #include "support.h"
 
 namespace platform::tests {
@@ -105,30 +106,25 @@ TEST(Transport, ThreadsOnOneConnectionQueue)
 {
     EchoServer server("queue");
     Client client("queue");
-    std::vector<std::thread> threads;
-    std::atomic<int> right = 0;
+    const auto callOften = [&](unsigned char number)
+    {
+        WzTvoTransport own = client.transport;
+        for (unsigned char i = 0; i < 50; ++i)
+        {
+            Letter request;
+            request.bytes[24] = number;
+            request.bytes[25] = i;
+            Letter response;
+            EXPECT_EQ(Call(own, request, response), XoOk);
+            EXPECT_EQ(response.bytes[24], number);
+            EXPECT_EQ(response.bytes[25], i);
+        }
+    };
+    std::vector<std::future<void>> threads;
     for (unsigned char number = 0; number < 4; ++number)
     {
-        threads.emplace_back(
-            [&, number]
-            {
-                WzTvoTransport own = client.transport;
-                for (unsigned char i = 0; i < 50; ++i)
-                {
-                    Letter request;
-                    request.bytes[24] = number;
-                    request.bytes[25] = i;
-                    Letter response;
-                    const bool answered = Call(own, request, response) == XoOk;
-                    right += answered && response.bytes[24] == number && response.bytes[25] == i;
-                }
-            });
+        threads.push_back(std::async(std::launch::async, callOften, number));
     }
-    for (auto& thread : threads)
-    {
-        thread.join();
-    }
-    EXPECT_EQ(right, 200);
 }
 
 TEST(Transport, ClosingTheConnectionFreesItsCallersAtOnce)
@@ -152,22 +148,22 @@ TEST(Transport, ClosingTheConnectionFreesItsCallersAtOnce)
     EXPECT_EQ(XoHandleClose(client.handle), XoObjectGone);
 }
 
-TEST(Transport, ClosingTheEndpointFreesReceiversAndCallers)
+/// Neither by the caller nor by the server.
+TEST(Transport, AllocatesNothingPerMessage)
 {
-    Endpoint endpoint("close-server");
-    Client client("close-server");
-    Letter request;
-    Letter response;
-    auto calling = CallLater(client.transport, request, response);
-    Letter received;
-    ASSERT_EQ(Receive(endpoint.transport, received), XoOk);
-    endpoint.transport.receiveTimeout = WzInfinite;
-    auto receiving =
-        std::async(std::launch::async, [&] { return Receive(endpoint.transport, received); });
-    ServiceLocatorUnregister(endpoint.identifier);
-    EXPECT_EQ(receiving.get(), XoObjectGone);
-    EXPECT_EQ(calling.get(), XoObjectGone);
-    EXPECT_EQ(ServiceLocatorConnect("close-server"), XoInvalidHandle);
+    EchoServer server("allocations");
+    Client client("allocations");
+    Letter request(80, 65536);
+    request.arena.current = request.arena.end;
+    Letter response(80, 65536);
+    std::size_t before = 0;
+    for (int round = 0; round < 20; ++round)
+    {
+        // The first round makes the threads' buffers and the connection.
+        before = round == 1 ? Allocations() : before;
+        ASSERT_EQ(Call(client.transport, request, response), XoOk);
+    }
+    EXPECT_EQ(Allocations(), before);
 }
 
 }  // namespace

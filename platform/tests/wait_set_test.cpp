@@ -16,8 +16,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using Keys = std::vector<std::uint64_t>;
 
-constexpr const char* Entity = "vx.tests.WaitSet";
-constexpr const char* Servers = "servers/vx.tests.WaitSet";
 constexpr const char* Connections = "connections/awaited";
 
 std::uint32_t StartShell(const char* script, int output = -1)
@@ -30,15 +28,9 @@ std::uint32_t StartShell(const char* script, int output = -1)
     return handle;
 }
 
-class WaitSetTest : public LinuxTest
+class WaitSetTest : public PublishedTest
 {
 protected:
-    static void SetUpTestSuite()
-    {
-        static const bool published = PublishAs(Entity, "offered");
-        ASSERT_TRUE(published);
-    }
-
     WaitSetTest()
     {
         EXPECT_EQ(TvoWaitSetCreate(&set), XoOk);
@@ -65,15 +57,24 @@ protected:
         return tests::Receive(endpoint.transport, letter);
     }
 
-    int Listen()
-    {
-        return XoCmListen(nullptr, 0, client, service);
-    }
-
     void Say(const char* place, const std::string& words)
     {
         raw.push_back(RawSocket::ConnectedTo(place));
         raw.back().Send(words);
+    }
+
+    /// Waits for a child's end and closes its handle.
+    TvoProcessEnd EndOf(std::uint32_t child)
+    {
+        EXPECT_EQ(TvoWaitSetAddHandle(set, child, 1), XoOk);
+        EXPECT_THAT(Wait(), ElementsAre(1));
+        TvoProcessEnd end{};
+        EXPECT_EQ(TvoProcessGetEnd(child, &end), XoOk);
+        EXPECT_EQ(TvoProcessSend(child, TvoProcessSignal::Kill), XoObjectGone);
+        EXPECT_EQ(TvoProcessServes(child, Entity), XoObjectGone);
+        TvoWaitSetRemove(set, 1);
+        EXPECT_EQ(XoHandleClose(child), XoOk);
+        return end;
     }
 
     /// Something happens and is reported until the operation has done what there is to do.
@@ -92,8 +93,6 @@ protected:
 
     Endpoint endpoint{"awaited"};
     Letter letter;
-    char client[XoCmNameSize] = {};
-    char service[XoCmNameSize] = {};
     std::vector<RawSocket> raw;
     STvoWaitSet* set = nullptr;
     int result = XoOk;
@@ -104,8 +103,6 @@ TEST_F(WaitSetTest, EachIsReadyUntilItsOperationHasNothingToDo)
     SNotice* notice = nullptr;
     std::uint32_t setter = 0;
     std::uint32_t waiter = 0;
-    EventDesc event{};
-    unsigned long count = 0;
     XoNoticeCreate(&notice);
     XoEventCreate(&setter, &waiter);
     XoNoticeSubscribeToObject(notice, waiter, 2, 0);
@@ -121,9 +118,7 @@ TEST_F(WaitSetTest, EachIsReadyUntilItsOperationHasNothingToDo)
     ExpectReady(
         1, [&] { Say(Connections, Packet()); }, [&] { return Receive(); });
     ExpectReady(
-        2,
-        [&] { XoNoticeSetObjectEvent(setter, 2); },
-        [&] { return XoNoticeGetEvent(notice, 0, 1, &event, &count); });
+        2, [&] { XoNoticeSetObjectEvent(setter, 2); }, [&] { return NextEvent(notice, 0).first; });
     const auto askTwice = [&]
     {
         Say(Servers, AskFor("offered"));
@@ -193,6 +188,7 @@ TEST_F(WaitSetTest, ChildBeginsAfreshAndItsEndIsTold)
         std::int32_t status;
         std::uint32_t bySignal = 0;
         std::optional<TvoProcessSignal> signal = {};
+        bool stops = false;  ///< before the signal is sent
     } rows[] = {
         {"exit 3", 3},
         {"kill -9 $$", 9, 1},
@@ -200,6 +196,12 @@ TEST_F(WaitSetTest, ChildBeginsAfreshAndItsEndIsTold)
         {"set -- $(cat /proc/$$/stat); test $5 = $$", 0},  // leads its group
         {"test $(ls /proc/self/fd | wc -l) = 4", 0},       // the standard ones and the folder's
         {"kill -STOP $$", 6, 1, TvoProcessSignal::Abort},
+        // leaves its group
+        {"exec perl -e 'setpgrp(0, getpgrp getppid) or die; kill STOP, $$'",
+         6,
+         1,
+         TvoProcessSignal::Abort,
+         true},
         {"while true; do sleep 100; done", 15, 1, TvoProcessSignal::Terminate},
         {"while true; do sleep 100; done", 9, 1, TvoProcessSignal::Kill},
     };
@@ -208,40 +210,19 @@ TEST_F(WaitSetTest, ChildBeginsAfreshAndItsEndIsTold)
         SCOPED_TRACE(row.script);
         const std::uint32_t child = StartShell(row.script);
         TvoProcessEnd end{};
-        EXPECT_EQ(TvoWaitSetAddHandle(set, child, 1), XoOk);
+        siginfo_t info{};
+        EXPECT_TRUE(!row.stops || ::waitid(P_ALL, 0, &info, WSTOPPED | WNOWAIT) == 0);
         if (row.signal)
         {
             EXPECT_EQ(TvoProcessGetEnd(child, &end), XoTimedOut);
             EXPECT_EQ(TvoProcessServes(child, Entity), XoTimedOut) << "that is this process";
             EXPECT_EQ(TvoProcessSend(child, *row.signal), XoOk);
         }
-        EXPECT_THAT(Wait(), ElementsAre(1));
-        EXPECT_EQ(TvoProcessGetEnd(child, &end), XoOk);
+        end = EndOf(child);
         EXPECT_EQ(end.status, row.status);
         EXPECT_EQ(end.bySignal, row.bySignal);
-        EXPECT_EQ(TvoProcessSend(child, TvoProcessSignal::Kill), XoObjectGone);
-        EXPECT_EQ(TvoProcessServes(child, Entity), XoObjectGone);
-        TvoWaitSetRemove(set, 1);
-        EXPECT_EQ(XoHandleClose(child), XoOk);
     }
     std::signal(SIGPIPE, former);
-}
-
-TEST_F(WaitSetTest, ChildThatHasLeftItsGroupIsReached)
-{
-    const char* const script = "exec perl -e 'setpgrp 0, getpgrp getppid; kill STOP, $$'";
-    const std::uint32_t child = StartShell(script);
-    EXPECT_EQ(TvoWaitSetAddHandle(set, child, 1), XoOk);
-    siginfo_t info{};
-    EXPECT_EQ(::waitid(P_ALL, 0, &info, WSTOPPED | WNOWAIT), 0);
-    ASSERT_NE(::getpgid(info.si_pid), info.si_pid);
-    EXPECT_EQ(TvoProcessSend(child, TvoProcessSignal::Abort), XoOk);
-    EXPECT_THAT(Wait(), ElementsAre(1));
-    TvoProcessEnd end{};
-    EXPECT_EQ(TvoProcessGetEnd(child, &end), XoOk);
-    EXPECT_EQ(end.status, SIGABRT);
-    TvoWaitSetRemove(set, 1);
-    XoHandleClose(child);
 }
 
 TEST_F(WaitSetTest, ChildWritesWhereItIsToldAndTakesItsGroupWithIt)
@@ -252,18 +233,13 @@ TEST_F(WaitSetTest, ChildWritesWhereItIsToldAndTakesItsGroupWithIt)
     Descriptor writing(ends[1]);
     const std::uint32_t child = StartShell("sleep 1000 & echo here; echo too >&2", writing.Get());
     writing.Reset();
-    EXPECT_EQ(TvoWaitSetAddHandle(set, child, 1), XoOk);
-    EXPECT_THAT(Wait(), ElementsAre(1));
-    TvoProcessEnd end{};
-    EXPECT_EQ(TvoProcessGetEnd(child, &end), XoOk);
+    EndOf(child);
     std::string written;
     for (char byte = 0; ::read(reading.Get(), &byte, 1) == 1;)
     {
         written += byte;
     }
     EXPECT_EQ(written, "here\ntoo\n") << "and nobody is left who could write more";
-    TvoWaitSetRemove(set, 1);
-    XoHandleClose(child);
 }
 
 }  // namespace

@@ -1,15 +1,12 @@
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <cstring>
 
 #include <arena_file.h>
 #include <client_connection.h>
 #include <handshake.h>
-#include <poll.h>
+#include <linux_support.h>
 #include <server_connection.h>
-#include <sys/socket.h>
-#include <unistd.h>
 
 #include <wz/transport.h>
 #include <xo/handle.h>
@@ -24,6 +21,9 @@ using platform::Arrival;
 using platform::Descriptor;
 using platform::Frame;
 using platform::FrameKind;
+using platform::tests::CountDescriptors;
+using platform::tests::Packet;
+using platform::tests::RawSocket;
 
 /// What of a packet is put right before it is sent, so that inputs get past the first checks.
 enum Mending : std::uint8_t
@@ -51,19 +51,6 @@ int AttachmentOf(std::uint8_t kind)
             sockets[0], platform::MakeArenaFile(arena.data(), arena.size()).Release(), pipes[0]};
     }();
     return Kinds[kind % Kinds.size()];
-}
-
-/// Counts the open descriptors of the process below 256.
-std::size_t CountDescriptors()
-{
-    std::array<pollfd, 256> all{};
-    for (std::size_t i = 0; i < all.size(); ++i)
-    {
-        all[i].fd = static_cast<int>(i);
-    }
-    ::poll(all.data(), all.size(), 0);
-    return static_cast<std::size_t>(std::count_if(
-        all.begin(), all.end(), [](const pollfd& one) { return (one.revents & POLLNVAL) == 0; }));
 }
 
 Frame FrameOf(const std::string& packet)
@@ -120,7 +107,7 @@ public:
         int ends[2];
         Require(::socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, ends) == 0,
                 "sockets can be made");
-        m_socket.Reset(ends[0]);
+        m_socket = RawSocket(ends[0]);
         receiver.Reset(ends[1]);
     }
 
@@ -128,29 +115,12 @@ public:
     std::string Send(FrameKind kind, std::uint64_t sequence) const
     {
         const std::uint8_t mending = m_input.Byte();
-        std::array<int, MostAttachments> attachments;
-        attachments.fill(AttachmentOf(m_input.Byte()));
+        std::vector<int> attachments(MostAttachments, AttachmentOf(m_input.Byte()));
         attachments[0] = AttachmentOf(m_input.Byte());
-        const std::size_t count = m_input.Byte() % (MostAttachments + 1);
+        attachments.resize(m_input.Byte() % (MostAttachments + 1));
         std::string packet(m_input.Bytes(m_input.Word()));
         Mend(packet, mending, kind, sequence);
-
-        iovec data{packet.data(), packet.size()};
-        alignas(cmsghdr) std::array<char, CMSG_SPACE(sizeof attachments)> control{};
-        msghdr message{};
-        message.msg_iov = &data;
-        message.msg_iovlen = 1;
-        if (count != 0)
-        {
-            message.msg_control = control.data();
-            message.msg_controllen = CMSG_SPACE(count * sizeof(int));
-            cmsghdr* const rights = CMSG_FIRSTHDR(&message);
-            rights->cmsg_level = SOL_SOCKET;
-            rights->cmsg_type = SCM_RIGHTS;
-            rights->cmsg_len = CMSG_LEN(count * sizeof(int));
-            std::memcpy(CMSG_DATA(rights), attachments.data(), count * sizeof(int));
-        }
-        ::sendmsg(m_socket.Get(), &message, MSG_NOSIGNAL | MSG_DONTWAIT);
+        m_socket.TrySend(packet, attachments);
         return packet;
     }
 
@@ -158,7 +128,7 @@ public:
 
 private:
     Input& m_input;
-    Descriptor m_socket;
+    RawSocket m_socket{-1};
 };
 
 /// The buffers of a receiver, with a fence behind each.
@@ -360,36 +330,23 @@ std::string Word(std::size_t value)
 
 /// A packet as `Sender` reads it, sound once it is mended.
 /// @param attachments  their kinds, then how many there are
-/// @param behind  what follows the message's header and its slots
-std::string Seed(std::size_t messageBytes,
-                 const std::string& attachments,
-                 const std::string& behind,
-                 std::uint8_t mask = 0,
-                 std::uint16_t flags = 0)
+std::string Seed(const std::string& packet, const std::string& attachments = std::string(3, '\0'))
 {
-    Frame frame{};
-    frame.messageBytes = static_cast<std::uint32_t>(messageBytes);
-    frame.handleMask = mask;
-    frame.flags = flags;
-    wz_message header{};
-    const auto slots = static_cast<std::uint32_t>(std::bit_width(mask));
-    header.size = slots << WzMessageHandleCountShift;
-    std::string packet(sizeof frame + sizeof header + slots * sizeof(wz_handle_slot), '\xFF');
-    std::memcpy(packet.data(), &frame, sizeof frame);
-    std::memcpy(packet.data() + sizeof frame, &header, sizeof header);
-    packet += behind;
     return std::string(1, MendAll) + attachments + Word(packet.size()) + packet;
 }
 
 std::vector<std::string> Seeds()
 {
     using namespace std::string_literals;
-    const std::string none = "\0\0\0"s;
-    const std::string plain = Seed(24, none, "hello");
-    const std::string handles = Seed(48, "\0\0\2"s, "", 5);
-    const std::string pipe = Seed(40, "\2\0\2"s, "", 3);
-    const std::string file = Seed(32, "\0\1\2"s, "", 1, platform::FrameArenaInFile);
-    const std::string crowd = Seed(99, "\0\0\x0B"s, "", 0xFF);
+    const std::string plain = Seed(Packet{.messageBytes = 24, .arena = "hello"});
+    const std::string handles =
+        Seed(Packet{.messageBytes = 48, .handles = 3, .mask = 5, .fields = {~0U, ~0U}}, "\0\0\2"s);
+    const std::string pipe = Seed(Packet{.messageBytes = 40, .handles = 2, .mask = 3}, "\2\0\2"s);
+    const std::string file = Seed(
+        Packet{.messageBytes = 32, .handles = 1, .mask = 1, .flags = platform::FrameArenaInFile},
+        "\0\1\2"s);
+    const std::string crowd =
+        Seed(Packet{.messageBytes = 88, .handles = 8, .mask = 0xFF}, "\0\0\x0B"s);
     std::vector<std::string> seeds{""};
     for (const std::string& reader : {"\0"s, "\1"s})
     {
@@ -404,11 +361,11 @@ std::vector<std::string> Seeds()
                       small + plain,
                       small + handles});
     }
-    // The sizes of two names, and the names.
-    for (const std::string& names : {"\3\0\0\0\6\0\0\0onetwo"s, "\1\0\0\0\1\0\0\0a\n"s})
+    for (const std::string& request :
+         {platform::tests::AskFor("one", "two"), platform::tests::AskFor("a", "\n")})
     {
-        seeds.push_back("\2\0"s + Seed(32, none, names));
-        seeds.push_back("\2\1"s + Seed(32, none, names));
+        seeds.push_back("\2\0"s + Seed(request));
+        seeds.push_back("\2\1"s + Seed(request));
     }
     return seeds;
 }

@@ -1,22 +1,24 @@
+#include <atomic>
 #include <cstring>
 
 #include <gmock/gmock.h>
 
 #include <component/app_manager/create_application_manager.h>
 #include <component/app_manager/create_application_status.h>
-#include <component/app_manager/testing/fake_app_manager.h>
+#include <component/app_manager/tvo_ipc/command_values.h>
 #include <component/app_manager/tvo_ipc/service_names.h>
 #include <component/logger/testing/recording_logger.h>
 #include <component/plk/result_codes.h>
 #include <platform/testing/platform_double.h>
+#include <xo/connection.h>
+#include <xo/notice.h>
 
 namespace app_manager {
 namespace {
 
 using platform::testing::Call;
-using testing::FakeAppManager;
-using testing::Order;
-using tvo::logger::testing::RecordingLogger;
+using tvo::logger::LogLevel;
+constexpr std::uint32_t UpdateHandleRoom = 0x800028;
 
 const std::string Name(128, 'n');
 const std::string Error(128, 'e');
@@ -45,21 +47,52 @@ protected:
                                     response.size,
                                     request.size > 32 ? fields[1] : 0,
                                     std::string(in.start, in.current)));
-        const std::uint32_t result = response.size == 32 ? 7 : response.size == 40 ? -3U : 0xFFFFFF;
-        const auto answer = static_cast<std::int64_t>(static_cast<std::int32_t>(result));
+        std::int64_t answer = response.size == 32 ? 7 : given.load();
+        if (std::uint32_t waiter = WzNoHandleInMessage; response.size == UpdateHandleRoom)
+        {
+            hasUpdates ? XoEventCreate(&setter, &waiter) : 0;
+            answer = waiter;
+        }
         std::memcpy(&response + 1, &answer, sizeof(answer));
         response.size |= failed;
         return transport;
     }
 
+    void ConnectForUpdates()
+    {
+        hasUpdates = true;
+        commands = CreateApplicationManager("app")->GetApplicationCommands();
+        subscriber = dynamic_cast<ICommandChangedSubscriber*>(commands.get());
+    }
+
+    /// Waits until the update thread has dealt with so many events.
+    void WaitForEvents(unsigned count)
+    {
+        EXPECT_TRUE(platform.WaitUntilCalled(Call::NoticeGetEvent, count + 1));
+    }
+
+    void Change(unsigned number)
+    {
+        XoNoticeSetObjectEvent(setter, update_events::CommandChanged);
+        WaitForEvents(number);
+    }
+
     int transport = 0;
+    std::atomic<long> given = -3;
+    bool hasUpdates = false;
+    std::uint32_t setter = 0;
     std::uint32_t failed = 0;
     std::vector<std::string> lines;
     platform::testing::PlatformDouble platform;
-    RecordingLogger logger;
+    tvo::logger::testing::RecordingLogger logger;
     std::shared_ptr<IApplicationManager> manager;
     std::shared_ptr<IApplicationStatus> status;
+    std::shared_ptr<IApplicationCommands> commands;
+    ICommandChangedSubscriber* subscriber = nullptr;
+    std::atomic<int> updates = 0;
 };
+
+using ApplicationCommands = AppManagerProxy;
 
 TEST_F(AppManagerProxy, MethodsHaveTheirNumbersSizesAndTexts)
 {
@@ -126,32 +159,112 @@ TEST_F(AppManagerProxy, FailedReportsAreLoggedAndAnswered)
     }
 }
 
-TEST(AppManager, RefusedThirdServiceLeavesNothingOpen)
+TEST_F(AppManagerProxy, RefusedThirdServiceLeavesNothingOpen)
 {
-    FakeAppManager fake(service_names::Watchdog);
-    const platform::testing::PlatformDouble platform;
-    const RecordingLogger logger;
+    const auto connect = [](auto, const std::string& service, auto, auto* handle, auto* riid)
+    {
+        *riid = *handle = 5;
+        return service == service_names::Watchdog ? XoObjectGone : XoOk;
+    };
+    platform.Override<decltype(XoCmConnect)>(Call::CmConnect, connect);
+    lines.clear();
     EXPECT_EQ(CreateApplicationManager("app"), nullptr);
     EXPECT_EQ(platform.Count(Call::HandleClose), 2U);
-    EXPECT_TRUE(fake.Calls().empty());
+    EXPECT_TRUE(lines.empty());
     EXPECT_EQ(logger.Lines().back().message,
               "Cannot create application manager proxy, std::exception: tvoipc::MakeProxy(): error "
               "connecting to endpoint. with result: -2147483573");
 }
 
-TEST(AppManager, ThatIsGoneEndsTheProcess)
+TEST_F(AppManagerProxy, EndsTheProcessWithItsManager)
 {
-    FakeAppManager fake;
-    fake.Do({Order::Answer, 1, "GetUpdateHandle"});  // no second thread where a test forks
-    const auto manager = CreateApplicationManager("app");
     long command = 0;
-    EXPECT_EQ(manager->GetApplicationWatchdog()->Ping("app"), 0);
-    fake.Do({Order::Refuse, 0, "Ping"});
+    failed = WzMessageFailedBit;
     EXPECT_DEATH(manager->GetApplicationWatchdog()->Ping("app"), "_Ping server error");
-    fake.Die();
+    transport = XoBroken;
     EXPECT_DEATH(manager->GetApplicationWatchdog()->Ping("app"), "_Ping transport error");
     EXPECT_DEATH(manager->GetApplicationCommands()->GetCommand("app", command),
                  "_GetCommand transport error");
+}
+
+TEST_F(ApplicationCommands, ChangesReachCallbacksUntilTheyAreUnregistered)
+{
+    ConnectForUpdates();
+    long got = 0;
+    EXPECT_EQ(subscriber->RegisterCallback([&] { ++updates; }), 1U);
+    EXPECT_EQ(subscriber->RegisterCallback([&] { commands->GetCommand("app", got); }), 2U);
+    Change(1);
+    subscriber->UnregisterCallback(1);
+    EXPECT_EQ(subscriber->RegisterCallback([] {}), 3U) << "no id comes back";
+    subscriber->UnregisterCallback(1);
+    EXPECT_EQ(logger.Lines().back().message,
+              "Trying to unregister callback with not existent id: 1");
+    given = 7;
+    Change(2);
+    commands.reset();
+    EXPECT_EQ(got, 7);
+    EXPECT_EQ(updates, 1);
+    EXPECT_EQ(platform.Count(Call::HandleClose), 4U) << "three connections, one update handle";
+}
+
+TEST_F(ApplicationCommands, ThrowingFirstCallbackStopsTheOthersForOneEvent)
+{
+    ConnectForUpdates();
+    const auto callback = [&]
+    {
+        return updates++ == 0 ? throw std::runtime_error("first") : void();
+    };
+    subscriber->RegisterCallback(callback);
+    subscriber->RegisterCallback(callback);
+    Change(1);
+    EXPECT_EQ(updates, 1);
+    EXPECT_TRUE(logger.Contains(LogLevel::Critical,
+                                "Failed to notify callback, std::exception: first with result: "
+                                "Unspecified error = 0x8000004b"));
+    Change(2);
+    EXPECT_EQ(updates, 3);
+}
+
+TEST_F(ApplicationCommands, CloseCountsInTheEventThatBringsIt)
+{
+    int next = 0;
+    platform.Block(Call::NoticeGetEvent);
+    platform.Override<decltype(XoNoticeGetEvent)>(
+        Call::NoticeGetEvent,
+        [&next](auto, auto, auto, EventDesc* event, unsigned long* received)
+        {
+            constexpr int Results[] = {XoOk, XoBroken, XoOk, XoObjectGone};
+            event->events = next == 2 ? 0x10001 : 0x10000;
+            *received = 1;
+            return Results[next++];
+        });
+    ConnectForUpdates();
+    subscriber->RegisterCallback([&] { ++updates; });
+    platform.Release(Call::NoticeGetEvent);
+    WaitForEvents(2);
+    commands.reset();
+    EXPECT_TRUE(logger.Contains(
+        LogLevel::Critical,
+        "ApplicationCommands: Update handle unexpectedly closed. Server malfunction?"));
+    EXPECT_EQ(updates, 1) << "neither a failure nor the end is a change";
+    EXPECT_EQ(next, 3);
+}
+
+TEST_F(ApplicationCommands, WithoutAnUpdateHandleThereIsGetCommandAndNoThread)
+{
+    for (const int code : {XoOk, XoBroken})
+    {
+        transport = code;
+        commands = CreateApplicationManager("app")->GetApplicationCommands();
+        EXPECT_EQ(logger.Lines().back().level, LogLevel::Info);
+        EXPECT_EQ(logger.Lines().back().message,
+                  "ApplicationCommandsProxy: Failed to get update Handle: Exception");
+        transport = XoOk;
+        long got = 0;
+        EXPECT_EQ(commands->GetCommand("app", got), 0);
+        EXPECT_EQ(got, -3);
+    }
+    EXPECT_EQ(platform.Count(Call::NoticeCreate), 0U);
 }
 
 }  // namespace

@@ -66,27 +66,16 @@ Result Run(Call call, Result (*real)(Arguments...), std::type_identity_t<Argumen
                    ? std::any_cast<Function&>(turn.replacement)(arguments...)
                    : real(arguments...);
     };
-    if constexpr (std::is_void_v<Result>)
+    const Result result = turn.script ? ScriptedResult<Result>(*turn.script) : play();
+    if constexpr (std::is_integral_v<Result>)
     {
-        if (!turn.script)
-        {
-            play();
-        }
-        Leave(call, {std::move(line), 0});
+        Leave(call, {std::move(line), static_cast<std::int64_t>(result)});
     }
     else
     {
-        const Result result = turn.script ? ScriptedResult<Result>(*turn.script) : play();
-        if constexpr (std::is_integral_v<Result>)
-        {
-            Leave(call, {std::move(line), static_cast<std::int64_t>(result)});
-        }
-        else
-        {
-            Leave(call, {std::move(line), result.has_value()});
-        }
-        return result;
+        Leave(call, {std::move(line), result.has_value()});
     }
+    return result;
 }
 
 }  // namespace platform::testing

@@ -45,15 +45,6 @@ TVO_PLAY(CmAccept, "_Z10XoCmAcceptPKcS0_jjPj", int,
          (Text client, Text service, uint32_t r, uint32_t l, uint32_t* h), client, service, r, l, h)
 TVO_PLAY(CmDrop, "_Z8XoCmDropPKcS0_", int, (Text client, Text service), client, service)
 TVO_PLAY(HandleClose, "_Z13XoHandleClosej", int, (uint32_t handle), handle)
-TVO_PLAY(Sleep, "_Z7XoSleepj", void, (uint32_t ms), ms)
-TVO_PLAY(TransportDetach, "_Z20WzTvoTransportDetachP14WzTvoTransportP11WzTvoTicket", int,
-         (WzTvoTransport* transport, WzTvoTicket* ticket), transport, ticket)
-TVO_PLAY(TransportGetPeer, "_Z21WzTvoTransportGetPeerPK14WzTvoTransportP9WzTvoPeer", int,
-         (const WzTvoTransport* transport, WzTvoPeer* peer), transport, peer)
-TVO_PLAY(TicketReply, "_Z16WzTvoTicketReplyP11WzTvoTicketPK10wz_messagePK8wz_arena", int,
-         (WzTvoTicket* ticket, const wz_message* m, const wz_arena* arena), ticket, m, arena)
-TVO_PLAY(EventCreate, "_Z13XoEventCreatePjS_", int,
-         (uint32_t* setter, uint32_t* waiter), setter, waiter)
 TVO_PLAY(NoticeCreate, "_Z14XoNoticeCreatePP7SNotice", int, (SNotice** notice), notice)
 TVO_PLAY(NoticeSubscribeToObject, "_Z25XoNoticeSubscribeToObjectP7SNoticejjm", int,
          (SNotice* notice, uint32_t h, uint32_t mask, unsigned long id), notice, h, mask, id)
@@ -65,13 +56,10 @@ TVO_PLAY(NoticeUnsubscribeFromObject, "_Z29XoNoticeUnsubscribeFromObjectP7SNotic
 TVO_PLAY(NoticeUnsubscribeFromEvent, "_Z28XoNoticeUnsubscribeFromEventP7SNoticem", int,
          (SNotice* notice, unsigned long id), notice, id)
 TVO_PLAY(NoticeDropAndWake, "_Z19XoNoticeDropAndWakeP7SNotice", int, (SNotice* notice), notice)
-TVO_PLAY(NoticeRelease, "_Z15XoNoticeReleaseP7SNotice", int, (SNotice* notice), notice)
 TVO_PLAY(NoticeSetObjectEvent, "_Z22XoNoticeSetObjectEventjj", int,
          (uint32_t handle, uint32_t mask), handle, mask)
 TVO_PLAY(LocatorRegister, "_Z22ServiceLocatorRegisterPKcPKvjPm", uint32_t,
          (Text name, const void* o, uint32_t size, uint64_t* id), name, o, size, id)
-TVO_PLAY(LocatorUnregister, "_Z24ServiceLocatorUnregisterm", void,
-         (uint64_t identifier), identifier)
 TVO_PLAY(LocatorConnect, "_Z21ServiceLocatorConnectPKc", uint32_t, (Text name), name)
 TVO_PLAY(LocatorGetRiid, "_Z21ServiceLocatorGetRiidjPKc", uint16_t,
          (uint32_t connection, Text endpoint), connection, endpoint)
@@ -85,6 +73,16 @@ TVO_PLAY(PublishService, "_ZN6shared9ipc_utils17TryPublishServiceEPKcS2_", bool,
 TVO_PLAY(FindTarget, "_ZN6shared9ipc_utils27FindConnectionTargetForTypeEPKcj", Target,
          (Text interfaceName, uint32_t ms), interfaceName, ms)
 // clang-format on
+
+TVO_WRAP(Sleep, "_Z7XoSleepj", void, (uint32_t milliseconds))
+{
+    const auto sleep = [](uint32_t ms)
+    {
+        RealSleep(ms);
+        return XoOk;
+    };
+    Run(Call::Sleep, +sleep, milliseconds);
+}
 
 namespace {
 

@@ -54,12 +54,10 @@ protected:
     }
 
     /// Runs a manager until the request for the service has its verdict, then stops it.
-    int VerdictFor(const char* service, std::vector<unsigned int>* handles = nullptr)
+    int VerdictFor(const char* service) const
     {
-        ConnectionManager manager(config);
-        const int verdict = Verdict(service);
-        manager.Stop(handles);
-        return verdict;
+        const ConnectionManager manager(config);
+        return Verdict(service);
     }
 
     platform::testing::PlatformDouble platform;
@@ -82,12 +80,11 @@ TEST_F(ConnectionManagerTest, StartsAndStopsByItsState)
     EXPECT_FALSE(manager.Start());
     EXPECT_TRUE(manager.Stop(&handles));
     EXPECT_THAT(handles, ElementsAre(5, endpoint));
-    EXPECT_EQ(platform.Count(Call::HandleClose), 0U);
     EXPECT_THAT(lines, ElementsAre("worker start", "worker stop"));
     EXPECT_TRUE(manager.Start());
 }
 
-TEST_F(ConnectionManagerTest, AcceptsOnTheGroupsEndpointAndLeavesItOpen)
+TEST_F(ConnectionManagerTest, AcceptsOnTheGroupsEndpointAndClosesOnlyWhatItMade)
 {
     config.groupHandles = {{3, endpoint}};
     std::vector<std::tuple<std::string, std::string, unsigned, unsigned, unsigned, bool>> told;
@@ -100,6 +97,8 @@ TEST_F(ConnectionManagerTest, AcceptsOnTheGroupsEndpointAndLeavesItOpen)
     EXPECT_THAT(told,
                 ElementsAre(FieldsAre(StartsWith(Entity), "grouped", 7U, 3U, endpoint, true)));
     EXPECT_EQ(platform.Count(Call::HandleClose), 0U);
+    EXPECT_EQ(VerdictFor("single"), 0);
+    EXPECT_EQ(platform.Count(Call::HandleClose), 1U);
 }
 
 TEST_F(ConnectionManagerTest, MakesTheEndpointOfAGroupOnce)
@@ -113,12 +112,6 @@ TEST_F(ConnectionManagerTest, MakesTheEndpointOfAGroupOnce)
     const auto accepts = platform.Journal(Call::CmAccept);
     EXPECT_THAT(accepts[0].arguments, EndsWith("\"grouped\", 7, 4294967295"));
     EXPECT_THAT(accepts[1].arguments, EndsWith("\"grouped\", 7, " + std::to_string(handles[0])));
-}
-
-TEST_F(ConnectionManagerTest, StopClosesWhatItMade)
-{
-    EXPECT_EQ(VerdictFor("single"), 0);
-    EXPECT_EQ(platform.Count(Call::HandleClose), 1U);
 }
 
 TEST_F(ConnectionManagerTest, RefusalThrowAndFailedAcceptDropTheClient)

@@ -1,4 +1,4 @@
-// The loop on the real port, with clients in threads and processes of their own.
+// The loop on the real port, with clients in threads of their own and such that keep to no rules.
 
 #include <csignal>
 #include <cstdlib>
@@ -18,8 +18,8 @@
 namespace tvo::service {
 namespace {
 
-using platform::tests::Child;
 using platform::tests::Client;
+using platform::tests::Connected;
 using platform::tests::Eventually;
 using platform::tests::LinuxTest;
 using platform::tests::Packet;
@@ -43,7 +43,6 @@ enum Method : std::uint16_t
 {
     Double,  ///< of the value; the arena comes back
     Park,
-    Release,  ///< answers the request parked last with its own value
     Throw,
     TooLarge,
     Unsendable,
@@ -68,12 +67,19 @@ Asked Ask(WzTvoTransport transport,
 {
     Message request[] = {{{riid, mid, size, {}}, value}, {}};
     Message response{{0, 0, sizeof(Message), {}}, 0};
-    std::vector<unsigned char> bytes(ArenaSize);
+    thread_local std::vector<unsigned char> bytes(ArenaSize);
     const wz_arena out{bytes.data(), bytes.data() + arenaBytes, bytes.data() + ArenaSize};
     wz_arena in{bytes.data(), bytes.data(), bytes.data() + ArenaSize};
     const int result =
         transport.operations->call(&transport, &request->head, &out, &response.head, &in);
     return {result, response.head.size, response.value, in.current - in.start};
+}
+
+/// The same request of a client that keeps to no rules, with another interface number.
+Packet Raw(std::uint16_t mid, std::uint32_t value, std::uint64_t sequence = 1)
+{
+    return {
+        .messageBytes = sizeof(Message), .sequence = sequence, .mid = mid, .fields = {value, 0}};
 }
 
 class ServiceLoopTest : public LinuxTest
@@ -93,9 +99,16 @@ protected:
         loop->Serve(served, handlers);
     }
 
+    RawSocket ServeRaw(const std::string& name)
+    {
+        served.riid = 0;
+        Serve(name);
+        return RawSocket::ConnectedTo("connections/" + name);
+    }
+
     Outcome Handle(const ServiceCall& call)
     {
-        const std::size_t allocated = platform::tests::AllocationsOfThisThread();
+        const std::size_t allocated = platform::tests::Allocations();
         allocations = allocated - std::exchange(allocatedBefore, allocated);
         callers.push_back(call.caller);
         if (call.request->mid == TooLarge)
@@ -114,9 +127,6 @@ protected:
             case Park:
                 parked.push_back(call.ticket);
                 return Outcome::Defer;
-            case Release:
-                released = request->value;
-                break;
             case Throw:
                 throw 1;
             case Unsendable:
@@ -156,7 +166,6 @@ protected:
     std::vector<WzTvoPeer> callers;
     std::vector<std::uint64_t> values;
     std::vector<Ticket> parked;
-    std::uint64_t released = 0;
     std::size_t allocatedBefore = 0;
     std::size_t allocations = 1;  ///< between the request before the last and the last
 };
@@ -205,59 +214,47 @@ TEST_F(ServiceLoopTest, AnswersAndRejectsWithoutCostToAnybody)
 
 TEST_F(ServiceLoopTest, ParkedRequestsAreAnsweredAtTheEndOfATurn)
 {
-    Serve("parks");
+    const RawSocket waiting = ServeRaw("parks");
+    waiting.Send(Raw(Park, 1));
     loop->OnTurnEnd(
         [&]
         {
-            if (released != 0 && parked.size() == 1)
+            if (!parked.empty())
             {
-                EXPECT_EQ(AnswerParked(0, std::exchange(released, 0)), XoOk);
+                EXPECT_EQ(AnswerParked(0, 7), XoOk);
                 EXPECT_NE(AnswerParked(0, 5), XoOk) << "answered";
-                parked.emplace_back();
+                loop->Stop();
                 throw 1;
             }
         });
-    RunWhile(
-        [&]
-        {
-            Client waiting("parks");
-            Client other("parks");
-            auto wait = std::async(std::launch::async,
-                                   [&] { return Ask(waiting.transport, Park, 1).value; });
-            while (Ask(other.transport, Release, 7).result == XoOk &&
-                   wait.wait_for(milliseconds(0)) != std::future_status::ready)
-            {}
-            EXPECT_EQ(wait.get(), 7U);
-        });
+    EXPECT_EQ(loop->Run(), XoOk);
+    const std::string reply = waiting.Read();
+    EXPECT_EQ(reply.substr(reply.size() - 8), std::string("\7\0\0\0\0\0\0\0", 8));
+    EXPECT_FALSE(waiting.IsReady());
 }
 
 TEST_F(ServiceLoopTest, TicketIsVoidOnceItsCallerAsksAnew)
 {
-    Serve("anew");
-    const auto tryToAnswer = [&]
-    {
-        if (values.size() == 2)
-        {
-            EXPECT_NE(AnswerParked(0, 9), XoOk);
-        }
-    };
-    loop->OnTurnEnd(tryToAnswer);
-    RunWhile(
+    const RawSocket raw = ServeRaw("anew");
+    raw.Send(Raw(Park, 1));
+    raw.Send(Raw(Double, 2, 2));
+    loop->OnTurnEnd(
         [&]
         {
-            Client client("anew");
-            WzTvoSetTransportTimeouts(&client.transport, 0, 0);
-            EXPECT_EQ(Ask(client.transport, Park, 1).result, WzTimedOut);
-            WzTvoSetTransportTimeouts(&client.transport, 0, 5000);
-            EXPECT_EQ(Ask(client.transport, Double, 2).value, 4U);
-            EXPECT_EQ(Ask(client.transport, Double, 3).value, 6U) << "nothing comes in between";
+            if (values.size() == 2)
+            {
+                EXPECT_NE(AnswerParked(0, 9), XoOk);
+                loop->Stop();
+            }
         });
-    EXPECT_THAT(values, ElementsAre(1, 2, 3));
-    EXPECT_EQ(callers[1].acknowledgedSequence, 0U);
-    EXPECT_EQ(callers[2].acknowledgedSequence, parked[0].origin.sequence + 1);
+    EXPECT_EQ(loop->Run(), XoOk);
+    const std::string reply = raw.Read();
+    EXPECT_EQ(reply[offsetof(platform::Frame, sequence)], 2);
+    EXPECT_FALSE(raw.IsReady()) << "nothing comes in between";
+    EXPECT_EQ(parked[0].origin.sequence, 1U);
 }
 
-TEST_F(ServiceLoopTest, EndOfAKilledCallerIsToldWhileItsRequestIsParked)
+TEST_F(ServiceLoopTest, EndOfACallerIsToldWhileItsRequestIsParked)
 {
     std::uint64_t ended = 0;
     handlers.connectionEnded = [&](std::uint64_t connection)
@@ -266,20 +263,14 @@ TEST_F(ServiceLoopTest, EndOfAKilledCallerIsToldWhileItsRequestIsParked)
         EXPECT_NE(AnswerParked(0, 9), XoOk);
         loop->Stop();
     };
-    Serve("killed");
-    Child child(
-        []
-        {
-            Client client("killed");
-            WzTvoSetTransportTimeouts(&client.transport, 0, WzInfinite);
-            return Ask(client.transport, Park, 1).result;
-        });
+    RawSocket raw = ServeRaw("gone");
+    raw.Send(Raw(Park, 1));
     loop->OnTurnEnd(
         [&]
         {
-            if (!parked.empty() && child.Pid() > 0)
+            if (!parked.empty())
             {
-                child.Kill();
+                raw.Close();
             }
         });
     EXPECT_EQ(loop->Run(), XoOk);
@@ -288,19 +279,18 @@ TEST_F(ServiceLoopTest, EndOfAKilledCallerIsToldWhileItsRequestIsParked)
 
 TEST_F(ServiceLoopTest, RequestsThatWereThereComeBeforeTimers)
 {
-    served.riid = 0;  // as the packets have it
-    Serve("before");
-    Serve("before.too");
     std::vector<RawSocket> raw;
-    for (std::uint32_t number = 0; number < 20; ++number)
+    raw.push_back(ServeRaw("before"));
+    Serve("before.too");
+    for (std::uint32_t number = 1; number < 20; ++number)
     {
         raw.push_back(
             RawSocket::ConnectedTo(number == 9 ? "connections/before.too" : "connections/before"));
-        for (std::uint64_t i = 1; i <= (number == 0 ? 100 : 1); ++i)
-        {
-            raw.back().Send(
-                Packet{.messageBytes = sizeof(Message), .sequence = i, .fields = {number, 0}});
-        }
+        raw.back().Send(Raw(Double, number));
+    }
+    for (std::uint64_t i = 1; i <= 100; ++i)
+    {
+        raw.front().Send(Raw(Double, 0, i));
     }
     const TimerToken timer = loop->After(milliseconds(0), [&] { loop->Stop(); });
     EXPECT_EQ(loop->Run(), XoOk);
@@ -433,23 +423,11 @@ TEST_F(ServiceLoopTest, ChildrensEndsAreTold)
     child->Kill();
 }
 
-TEST_F(ServiceLoopTest, WishesToReloadAndNewNamesAreTold)
-{
-    int told = 0;
-    loop->OnReload([&] { ++told; });
-    EXPECT_TRUE(loop->OnServersChange([&] { loop->Stop(); }));
-    ::kill(::getpid(), SIGHUP);
-    EXPECT_TRUE(::shared::ipc_utils::TryPublishService(Entity, "changes"));
-    EXPECT_EQ(loop->Run(), XoOk);
-    EXPECT_EQ(told, 1);
-}
-
 TEST_F(ServiceLoopTest, StopsInOrder)
 {
-    Serve("stops");
+    const RawSocket raw = ServeRaw("stops");
     EXPECT_THROW(Serve("stops"), zin::CheckFailedException) << "held";
-    Client client("stops");
-    auto call = std::async(std::launch::async, [&] { return Ask(client.transport, Park, 1); });
+    raw.Send(Raw(Park, 1));
     loop->OnTurnEnd(
         [&]
         {
@@ -473,7 +451,7 @@ TEST_F(ServiceLoopTest, StopsInOrder)
     loop->Stop();
     EXPECT_EQ(loop->Run(), XoOk) << "stopped before";
     loop.reset();
-    EXPECT_EQ(call.get().result, XoObjectGone) << "parked until then";
+    EXPECT_EQ(raw.Read(), "") << "parked until then";
     EXPECT_EQ(ServiceLocatorConnect("stops"), XoInvalidHandle);
 }
 
@@ -496,15 +474,14 @@ TEST_F(ServiceLoopTest, LetsClientsOfPublishedServicesIn)
     RunWhile(
         [&]
         {
-            std::uint32_t handle = XoInvalidHandle;
-            std::uint32_t riid = 0;
             for (const char* service : {"published2", "published3", "published4"})
             {
-                EXPECT_EQ(XoCmConnect(Entity, service, 5000, &handle, &riid), XoRefused);
+                EXPECT_EQ(platform::tests::Connect(Entity, service).result, XoRefused);
             }
-            ASSERT_EQ(XoCmConnect(Entity, "published1", 5000, &handle, &riid), XoOk);
-            EXPECT_EQ(riid, 1U);
-            const Client client(handle);
+            const Connected made = platform::tests::Connect(Entity, "published1");
+            ASSERT_EQ(made.result, XoOk);
+            EXPECT_EQ(made.riid, 1U);
+            const Client client(made.handle);
             EXPECT_EQ(Ask(client.transport, Double, 4, 1).value, 8U);
         });
     EXPECT_EQ(names.size(), 3U);

@@ -68,21 +68,4 @@ TEST_F(Approval, EachAnswerReachesItsCaller)
     }
 }
 
-TEST_F(Approval, IsLeftOpenByAClickBesideTheDialog)
-{
-    const auto caller = AskAndWait("server.example");
-    display.Click({10, 10});
-    display.PressKey(KEY_ENTER);
-    EXPECT_EQ(caller->ExitStatus(), 0);
-    EXPECT_EQ(display.Showings(), 1);
-}
-
-TEST_F(Approval, ShowsNothingUntilSomebodyAsks)
-{
-    EXPECT_TRUE(display.Toplevels().empty());
-    EXPECT_EQ(display.Showings(), 0);
-    const QImage screen = display.Screen();
-    EXPECT_EQ(screen.pixel(Screen.width() / 2, Screen.height() / 2), Compositor::Background);
-}
-
 }  // namespace

@@ -2,7 +2,6 @@
 #include <array>
 #include <bit>
 #include <csignal>
-#include <map>
 
 #include <poll.h>
 #include <sys/prctl.h>
@@ -34,7 +33,7 @@ constexpr char Done[] = "\n";
 class Manager final
 {
 public:
-    Manager(int socket, const std::string& refused) : m_socket(socket)
+    explicit Manager(int socket) : m_socket(socket)
     {
         const TvoComponentTree tree{"vx.vdi.AppManager", nullptr, 0, nullptr, 0};
         ZIN_CHECK_RESULT(TvoTaskSetComponentTree(TvoTaskGetSelf(), &tree), "");
@@ -49,11 +48,9 @@ public:
                            .largestRequest = 48,
                            .largestResponse = 40,
                            .requestArena = limits::ErrorArena},
-                          {.serve = [this](const ServiceCall& call) { return Handle(call); },
-                           .admit =
-                               [isRefused = name == refused](auto...)
+                          {.serve = [this](const ServiceCall& call)
                            {
-                               return !isRefused;
+                               return Handle(call);
                            }});
         }
     }
@@ -77,29 +74,22 @@ private:
                                                            {"Ping"}};
         const std::string& method = methods[call.request->iid].at(call.request->mid);
         Say(Line(call, method));
-        const Order& order = m_orders[method];
-        const auto result = static_cast<std::int32_t>(order.value);
         if (method == "GetUpdateHandle")
         {
             auto& response =
                 call.Response<vx_app_manager_ApplicationCommands_GetUpdateHandle_res>();
             response.base.size |= 1U << WzMessageHandleCountShift;
-            response.handle.handle = WzNoHandleInMessage;
-            result == 0 ? XoEventCreate(&m_setter, &response.handle.handle) : 0;
+            XoEventCreate(&m_setter, &response.handle.handle);
         }
         else if (method == "GetCommand")
         {
-            auto& response = call.Response<vx_app_manager_ApplicationCommands_GetCommand_res>();
-            response.command = m_command;
-            response.result = result;
+            call.Response<vx_app_manager_ApplicationCommands_GetCommand_res>().command = m_command;
         }
         else
         {
-            call.Response<vx_app_manager_result_res>().result = result;
+            call.Response<vx_app_manager_result_res>();
         }
-        return order.what == Order::Refuse   ? Outcome::Reject
-               : order.what == Order::Ignore ? Outcome::Defer
-                                             : Outcome::Answer;
+        return Outcome::Answer;
     }
 
     /// Three texts, a text and a number, or a text alone: the size tells.
@@ -125,11 +115,6 @@ private:
                 m_command = order.value;
                 XoNoticeSetObjectEvent(m_setter, update_events::CommandChanged);
             }
-            else if (order.what == Order::CloseUpdateHandle)
-            {
-                XoHandleClose(m_setter);
-            }
-            m_orders[order.method] = order;
             Say(Done);
         }
     }
@@ -141,22 +126,21 @@ private:
 
     int m_socket;
     std::unique_ptr<tvo::service::IServiceLoop> m_loop = tvo::service::CreateServiceLoop();
-    std::map<std::string, Order> m_orders;
     std::int64_t m_command = 0;
     std::uint32_t m_setter = XoInvalidHandle;
 };
 
 /// Never comes back into the test that the child was forked from, not by an exception either.
-[[noreturn]] void RunManager(int socket, const char* refused) noexcept
+[[noreturn]] void RunManager(int socket) noexcept
 {
     ::prctl(PR_SET_PDEATHSIG, SIGKILL);
-    Manager(socket, refused).Run();
+    Manager(socket).Run();
     ::_exit(0);
 }
 
 }  // namespace
 
-FakeAppManager::FakeAppManager(const char* refused)
+FakeAppManager::FakeAppManager()
 {
     std::array<int, 2> sockets{};
     ::socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, sockets.data());
@@ -164,7 +148,7 @@ FakeAppManager::FakeAppManager(const char* refused)
     if (m_pid == 0)
     {
         ::close(sockets[0]);
-        RunManager(sockets[1], refused);
+        RunManager(sockets[1]);
     }
     ::close(sockets[1]);
     m_socket = sockets[0];
@@ -173,7 +157,8 @@ FakeAppManager::FakeAppManager(const char* refused)
 
 FakeAppManager::~FakeAppManager()
 {
-    Die();
+    ::kill(m_pid, SIGKILL);
+    ::waitpid(m_pid, nullptr, 0);
     ::close(m_socket);
 }
 
@@ -191,9 +176,9 @@ std::vector<std::string> FakeAppManager::Calls()
     return m_calls;
 }
 
-bool FakeAppManager::WaitForCall(std::string_view line, long times)
+bool FakeAppManager::WaitForCall(std::string_view line)
 {
-    while (std::ranges::count(m_calls, line) < times)
+    while (std::ranges::count(m_calls, line) == 0)
     {
         if (!Receive())
         {
@@ -201,15 +186,6 @@ bool FakeAppManager::WaitForCall(std::string_view line, long times)
         }
     }
     return true;
-}
-
-void FakeAppManager::Die()
-{
-    if (m_pid > 0)
-    {
-        ::kill(m_pid, SIGKILL);
-        ::waitpid(std::exchange(m_pid, -1), nullptr, 0);
-    }
 }
 
 /// @returns false when nothing comes in time, or the child is gone and all was read

@@ -32,7 +32,7 @@ public:
         int transport = 0;
         int result = 0;
         bool failed = false;
-        std::function<void(wz_message&)> edit = [](wz_message&) {
+        std::function<void(wz_message&, wz_arena*)> edit = [](auto&, auto*) {
         };
     };
 
@@ -99,7 +99,13 @@ public:
     /// Keeps further calls of the method back.
     void Hold(const std::string& method)
     {
-        Change([&] { m_gates.emplace(method, std::ranges::count(m_calls, method)); });
+        const auto shut = [&]
+        {
+            const long begun = std::ranges::count(m_calls, method);
+            long& gate = m_gates.try_emplace(method, begun).first->second;
+            gate = std::min(gate, begun);
+        };
+        Change(shut);
     }
 
     /// Lets some of them go, in their order, or all.
@@ -206,7 +212,7 @@ private:
         answers.erase(answers.begin(), answers.begin() + (answers.empty() ? 0 : 1));
         response.result = spoilt.result;
         answer.size |= spoilt.failed ? WzMessageFailedBit : 0;
-        spoilt.edit(answer);
+        spoilt.edit(answer, out);
         return spoilt.transport;
     }
 

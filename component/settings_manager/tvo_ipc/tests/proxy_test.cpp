@@ -137,7 +137,7 @@ TEST_F(SettingsProxy, ReportsWhatTheServiceAndTheTransportSay)
          " call error: wz = -1879048187, zin = No error = 0x00: result = -2147483559"},
         {{.failed = true}, MediaError, Error,
          " call error: wz = 0, zin = No error = 0x00: result = -2147483559"},
-        {{.edit = [](auto& response) { response.size = 24; }}, MediaError, Error, ""},
+        {{.edit = [](auto& response, auto) { response.size = 24; }}, MediaError, Error, ""},
     };
     // clang-format on
     for (const auto& [name, method, level, run] : operations)
@@ -163,7 +163,7 @@ TEST_F(SettingsProxy, EndsATransferThatCannotGoOn)
     Connect();
     const auto put = [](std::size_t offset, auto value)
     {
-        return [=](wz_message& response)
+        return [=](wz_message& response, auto)
         {
             std::memcpy(reinterpret_cast<char*>(&response) + offset, &value, sizeof(value));
         };
@@ -171,14 +171,8 @@ TEST_F(SettingsProxy, EndsATransferThatCannotGoOn)
     constexpr tvo::ipc::arena::Reference Bad{1, 24};
     Setting bad = Tree(65);
     std::get<Setting::Map>(bad.value)["z"] = {std::string(8176, 'z')};
-    const auto write = [&]
-    {
-        return proxy->SetSetting(path, Tree(65));
-    };
-    const auto writeBad = [&]
-    {
-        return proxy->SetSetting(path, bad);
-    };
+    const auto write = std::bind_front(&SettingsManagerProxy::SetSetting, proxy, path, Tree(65));
+    const auto writeBad = std::bind_front(&SettingsManagerProxy::SetSetting, proxy, path, bad);
     const auto read = [&]
     {
         Setting setting{true};
@@ -186,7 +180,7 @@ TEST_F(SettingsProxy, EndsATransferThatCannotGoOn)
         EXPECT_EQ(setting, Setting{true});
         return result;
     };
-    const auto grow = [&](auto&)
+    const auto grow = [&](auto...)
     {
         service.items.resize(300, service.items.back());
     };
@@ -309,19 +303,14 @@ TEST_F(SettingsProxy, FindsItsArenaZeroWhateverWasThereBefore)
     {
         return std::all_of(arena.start, arena.end, std::logical_not());
     };
-    platform.Override<platform::testing::TransportCall>(
-        Call::TransportCall,
-        [&](auto, const wz_message* request, auto* in, wz_message* response, wz_arena* out)
-        {
-            if (request->iid == service_names::IsmRiid && out != nullptr)
-            {
-                EXPECT_EQ(out->end - out->start, 559616);
-                EXPECT_TRUE(isZero(*out));
-                *(out->end - 1) = 1;
-                return XoBroken;
-            }
-            return service.Handle(*request, in, *response, out);
-        });
+    const auto spoil = [&](auto&, wz_arena* out)
+    {
+        EXPECT_EQ(out->end - out->start, 559616);
+        EXPECT_TRUE(isZero(*out));
+        *(out->end - 1) = 1;
+    };
+    service.Next("Read", {.transport = XoBroken, .edit = spoil});
+    service.Next("Read", {.transport = XoBroken, .edit = spoil});
     Setting setting;
     EXPECT_EQ(proxy->GetSetting(path, setting), MediaError);
     EXPECT_EQ(proxy->GetSetting(path, setting), MediaError);

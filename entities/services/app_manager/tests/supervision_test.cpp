@@ -34,56 +34,24 @@ protected:
 
     void Do(const std::string& what)
     {
-        const Instant now = terminal.Now();
         if (what == "exit" || what.starts_with("sig"))
         {
             loop.End("app", {what == "exit", what == "exit" ? 0 : std::stoi(what.substr(3))});
         }
-        const std::map<std::string, std::function<void()>> deeds = {
-            {"ready",
-             [&]
-             {
-                 Of("app").OnReady(now);
-             }},
-            {"ping",
-             [&]
-             {
-                 Of("app").OnPing(now);
-             }},
-            {"error",
-             [&]
-             {
-                 Of("app").OnInternalError(now, "error", "text");
-             }},
-            {"bye",
-             [&]
-             {
-                 Of("app").OnStateChanged(now, -2);
-             }},
-            {"stop",
-             [&]
-             {
-                 Of("app").Stop(now, Afterwards::StayAway, "stopped");
-             }},
-            {"kill",
-             [&]
-             {
-                 Of("app").Kill("at once");
-             }},
-            {"restart",
-             [&]
-             {
-                 Of("app").Stop(now, Afterwards::AtOnce, "restarted");
-             }},
-            {"start",
-             [&]
-             {
-                 Of("app").Start(now);
-             }},
+        const std::pair<void (*)(SupervisedChild&, const Instant&), const char*> deeds[] = {
+            {[](auto& app, const auto& now) { app.OnReady(now); }, "ready"},
+            {[](auto& app, const auto& now) { app.OnPing(now); }, "ping"},
+            {[](auto& app, const auto& now) { app.OnInternalError(now, "error", "text"); },
+             "error"},
+            {[](auto& app, const auto& now) { app.OnStateChanged(now, -2); }, "bye"},
+            {[](auto& app, const auto& now) { app.Stop(now, Afterwards::StayAway, ""); }, "stop"},
+            {[](auto& app, const auto&) { app.Kill("at once"); }, "kill"},
+            {[](auto& app, const auto& now) { app.Stop(now, Afterwards::AtOnce, ""); }, "restart"},
+            {[](auto& app, const auto& now) { app.Start(now); }, "start"},
         };
-        if (const auto deed = deeds.find(what); deed != deeds.end())
+        for (const auto& [deed, name] : deeds)
         {
-            deed->second();
+            what == name ? deed(Of("app"), terminal.Now()) : void();
         }
     }
 };

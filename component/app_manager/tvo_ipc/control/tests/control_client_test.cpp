@@ -1,122 +1,71 @@
-#include <chrono>
-#include <future>
-#include <thread>
-
 #include <gtest/gtest.h>
 
 #include <component/app_manager/tvo_ipc/control_client.h>
-#include <shared/common/tvo/service/i_service_loop.h>
-#include <tvo/task.h>
+#include <platform/testing/platform_double.h>
 
 namespace app_manager::control {
 namespace {
 
-using tvo::service::Outcome;
-using tvo::service::ServiceCall;
+using namespace std::chrono_literals;
 
-/// A manager of 150 applications, one of which never answers, and one answers nonsense.
-class Manager
+/// The list of 150 applications, which takes several messages.
+std::vector<Entry> All()
 {
-public:
-    Manager() : m_thread([this] { Run(); })
+    std::vector<Entry> all;
+    for (std::uint32_t i = 0; i < 150; ++i)
     {
-        m_isServing.get_future().wait();
+        const std::string name = std::to_string(i) + std::string(limits::Name - 3, 'n');
+        all.push_back({name.substr(0, limits::Name), Kind::Application, State::Ready, i});
     }
-
-    ~Manager()
-    {
-        m_loop->Stop();
-        m_thread.join();
-    }
-
-    std::string lastCommand;
-
-    static std::vector<Entry> All()
-    {
-        std::vector<Entry> all;
-        for (std::uint32_t i = 0; i < 150; ++i)
-        {
-            std::string name = std::to_string(i) + std::string(limits::Name - 3, 'n');
-            all.push_back({name.substr(0, limits::Name), Kind::Application, State::Ready, i});
-        }
-        return all;
-    }
-
-private:
-    void Run()
-    {
-        const TvoComponentTree tree{"vx.tests.Manager", nullptr, 0, nullptr, 0};
-        TvoTaskSetComponentTree(TvoTaskGetSelf(), &tree);
-        m_loop = tvo::service::CreateServiceLoop();
-        m_loop->Serve({.name = ServiceName,
-                       .interfaceName = InterfaceName,
-                       .riid = Riid,
-                       .largestRequest = sizeof(CommandRequest),
-                       .largestResponse = sizeof(StatusResponse),
-                       .requestArena = limits::RequestArena,
-                       .responseArena = limits::ResponseArena},
-                      {.serve = [this](const ServiceCall& call)
-                       {
-                           return Serve(call);
-                       }});
-        m_isServing.set_value();
-        m_loop->Run();
-    }
-
-    Outcome Serve(const ServiceCall& call)
-    {
-        if (const auto* list = call.Request<ListRequest>(); call.request->mid == ListMid)
-        {
-            auto& response = call.Response<ListResponse>();
-            return PackList(All(), list->first, response, *call.responseArena) ? Outcome::Answer
-                                                                               : Outcome::Reject;
-        }
-        if (const auto* status = call.Request<StatusRequest>(); call.request->mid == StatusMid)
-        {
-            return TellStatus(*ReadName(*call.requestArena, status->name), call);
-        }
-        const auto* command = call.Request<CommandRequest>();
-        lastCommand = *ReadName(*call.requestArena, command->name);
-        call.Response<CommandResponse>().result =
-            command->command == static_cast<std::uint8_t>(Command::Restart) ? refusals::NotAllowed
-                                                                            : 0;
-        return Outcome::Answer;
-    }
-
-    static Outcome TellStatus(std::string_view name, const ServiceCall& call)
-    {
-        if (name == "mute")
-        {
-            return Outcome::Defer;
-        }
-        auto& response = call.Response<StatusResponse>();
-        response.result = name == "gone" ? refusals::UnknownName : 0;
-        return name == "rejected" ? Outcome::Reject : Outcome::Answer;
-    }
-
-    std::unique_ptr<tvo::service::IServiceLoop> m_loop;
-    std::promise<void> m_isServing;
-    std::thread m_thread;
-};
+    return all;
+}
 
 }  // namespace
 
 TEST(ControlClient, TellsRefusalsFromAManagerThatIsOfNoUse)
 {
-    EXPECT_THROW(ConnectControl(std::chrono::milliseconds{0}), NoManager);
-    Manager manager;
-    const auto client = ConnectControl(std::chrono::seconds{5});
-    EXPECT_EQ(client->List(), Manager::All());
+    EXPECT_THROW(ConnectControl(0ms), NoManager);
+    int transport = XoOk;
+    std::uint32_t failed = 0;
+    int result = 0;
+    std::string named;
+    std::uint32_t limit = 0;
+    platform::testing::PlatformDouble platform;
+    platform.Serve(Riid,
+                   [&](auto* from, auto* request, auto* in, auto* response, auto* out)
+                   {
+                       limit = from->callTimeout;
+                       if (const auto* list = reinterpret_cast<const ListRequest*>(request);
+                           request->mid == ListMid)
+                       {
+                           auto& answer = *reinterpret_cast<ListResponse*>(response);
+                           EXPECT_TRUE(PackList(All(), list->first, answer, *out));
+                           return XoOk;
+                       }
+                       const auto* command = reinterpret_cast<const CommandRequest*>(request);
+                       named = ReadName(*in, command->name).value_or("?");
+                       request->mid == CommandMid
+                           ? reinterpret_cast<CommandResponse*>(response)->result = result
+                           : reinterpret_cast<StatusResponse*>(response)->result = result;
+                       response->size |= failed;
+                       return transport;
+                   });
+    const auto client = ConnectControl(5s, 500ms);
+    EXPECT_EQ(client->List(), All());
+    EXPECT_EQ(limit, 500U);
     EXPECT_NO_THROW(client->Send("app", Command::Hide));
-    EXPECT_EQ(manager.lastCommand, "app");
+    EXPECT_EQ(named, "app");
+    EXPECT_THROW(client->Status("all fields are zero"), NoManager);
+    result = refusals::NotAllowed;
     EXPECT_THROW(client->Send("app", Command::Restart), Refusal);
     EXPECT_THROW(client->Status("gone"), Refusal);
     EXPECT_THROW(client->Status(std::string(limits::Name + 1, 'x')), Refusal);
     EXPECT_THROW(client->Status(""), Refusal);
+    EXPECT_EQ(named, "gone") << "nobody was asked about a bad name";
+    failed = WzMessageFailedBit;
     EXPECT_THROW(client->Status("rejected"), NoManager);
-    EXPECT_THROW(client->Status("all fields are zero"), NoManager);
-    const auto hasty = ConnectControl(std::chrono::seconds{5}, std::chrono::milliseconds{500});
-    EXPECT_THROW(hasty->Status("mute"), NoManager);
+    transport = WzTimedOut;
+    EXPECT_THROW(client->Status("mute"), NoManager);
 }
 
 }  // namespace app_manager::control

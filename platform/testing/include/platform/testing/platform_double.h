@@ -28,10 +28,9 @@ namespace platform::testing {
 enum class Call : unsigned
 {
     CmConnect, CmListen, CmAccept, CmDrop, HandleClose, Sleep, TransportCall, TransportReceive,
-    TransportReply, TransportDetach, TransportGetPeer, TicketReply, EventCreate, NoticeCreate,
-    NoticeSubscribeToObject, NoticeGetEvent, NoticeUnsubscribeFromObject,
-    NoticeUnsubscribeFromEvent, NoticeDropAndWake, NoticeRelease, NoticeSetObjectEvent,
-    LocatorRegister, LocatorUnregister, LocatorConnect, LocatorGetRiid, TaskSetComponentTree,
+    TransportReply, NoticeCreate, NoticeSubscribeToObject, NoticeGetEvent,
+    NoticeUnsubscribeFromObject, NoticeUnsubscribeFromEvent, NoticeDropAndWake,
+    NoticeSetObjectEvent, LocatorRegister, LocatorConnect, LocatorGetRiid, TaskSetComponentTree,
     TaskConnectToService, RandomGenerate, PublishService, FindTarget,
 };
 // clang-format on
