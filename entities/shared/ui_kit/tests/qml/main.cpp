@@ -30,7 +30,7 @@ private:
         vdi::uikit::utils::style::CreatePaletteFactory();
     std::shared_ptr<QObject> m_dark = m_factory->GetPalette(PaletteId::Dark);
     std::shared_ptr<QObject> m_light = m_factory->GetPalette(PaletteId::Light);
-    QObject* m_palette = m_dark.get();
+    QObject* m_palette = nullptr;
 };
 
 QUICK_TEST_MAIN_WITH_SETUP(ui_kit, FakePaletteProvider)

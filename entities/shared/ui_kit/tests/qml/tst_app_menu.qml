@@ -5,6 +5,7 @@ import "qrc:/ui_kit/qml/base/" as UiKitBase
 UiKitBase.AppMenu {
     id: menu
 
+    readonly property var image: children[0].children[0]
     readonly property var button: children[0].children[2]
 
     width: 318
@@ -31,6 +32,22 @@ UiKitBase.AppMenu {
             compare([spy.count, menu.buttonChecked], [3, true]);
             mouseClick(menu.button);
             compare([spy.count, menu.buttonChecked], [4, false]);
+        }
+
+        function test_states() {
+            const [icon, label] = Array.from(menu.button.contentItem.children);
+            compare([menu.image.x, menu.image.y, menu.image.width, menu.button.x, menu.button.width,
+                     menu.button.height], [115, 16, 88, 12, 294, 50]);
+            const colors = () => [menu.button.background.color, label.color];
+            compareLooks(colors, ["#00000000", ["contentPrimary", "#ffffff"]]);
+            verify(/settings_gear$/.test(icon.source));
+            menu.buttonChecked = true;
+            menu.buttonEnabled = false;
+            compareLooks(colors, [["contentBackground", "#171f1d"],
+                                  ["contentDisabled", "#808080"]]);
+            verify(/settings_gear_disabled$/.test(icon.source));
+            menu.buttonChecked = false;
+            menu.buttonEnabled = true;
         }
 
         name: "AppMenu"

@@ -22,6 +22,7 @@ Item {
 
     KitTestCase {
         function init() {
+            paletteProvider.palette = darkPalette;
             box.enabled = true;
             box.checked = false;
             box.width = 20;
@@ -31,36 +32,42 @@ Item {
         }
 
         function test_looks_data() {
-            const black = ["backgroundPrimary", "#050505"];
-            const disabled = [["contentBackground", "#000000"], ["contentDisabled", "#57ffffff"]];
             return [
-                { tag: "plain", look: [black, ["contentSecondary", "#8fffffff"]] },
-                { tag: "hover", look: [black, "#adffffff"] },
-                { tag: "press", look: [black, "#ccffffff"] },
-                { tag: "checked", look: Array(2).fill(["purplePrimary", "#9c9cff"]) },
-                { tag: "checked, hover", look: Array(2).fill(["purpleSubPrimary", "#9c9cff"]) },
-                { tag: "checked, press", look: Array(2).fill(["purpleSecondary", "#8c8cff"]) },
-                { tag: "disabled", look: disabled },
-                { tag: "disabled, checked", look: disabled }
+                { tag: "plain", fill: ["backgroundPrimary", "#050505"],
+                  border: ["contentSecondary", "#8fffffff"] },
+                { tag: "hover", hover: true, fill: ["backgroundPrimary", "#050505"],
+                  border: "#adffffff" },
+                { tag: "press", press: true, fill: ["backgroundPrimary", "#050505"],
+                  border: "#ccffffff" },
+                { tag: "checked", checked: true, fill: ["purplePrimary", "#9c9cff"] },
+                { tag: "checked, hover", checked: true, hover: true,
+                  fill: ["purpleSubPrimary", "#9c9cff"] },
+                { tag: "checked, press", checked: true, press: true,
+                  fill: ["purpleSecondary", "#8c8cff"] },
+                { tag: "disabled", disabled: true, fill: ["contentBackground", "#000000"],
+                  border: ["contentDisabled", "#57ffffff"] },
+                { tag: "disabled, checked", disabled: true, checked: true,
+                  fill: ["contentBackground", "#000000"],
+                  border: ["contentDisabled", "#57ffffff"] }
             ];
         }
 
         function test_looks(row) {
-            const is = state => row.tag.includes(state);
-            box.checked = is("checked");
-            box.enabled = !is("disabled");
-            if (is("press") || is("hover")) {
+            box.checked = row.checked ?? false;
+            box.enabled = !row.disabled;
+            if (row.press || row.hover) {
                 mouseMove(box, 10, 10);
                 tryCompare(root.area, "containsMouse", true);
             }
-            if (is("press")) {
+            if (row.press) {
                 mousePress(box, 10, 10);
             }
-            compareLooks(() => [box.indicator.color, box.indicator.border.color], row.look);
+            compareLooks(() => [box.indicator.color, box.indicator.border.color],
+                         [row.fill, row.border ?? row.fill]);
             const mark = box.indicator.children[0];
             compare([mark.visible, String(mark.source).split("_").pop()],
-                    [is("checked"), is("disabled") ? "disable" : "enable"]);
-            if (is("press")) {
+                    [row.checked ?? false, row.disabled ? "disable" : "enable"]);
+            if (row.press) {
                 mouseRelease(box, 10, 10);
             }
         }
@@ -81,11 +88,22 @@ Item {
             compare([box.checked, box.activeFocus], [row.toggles, row.button !== undefined]);
         }
 
-        function test_keysToggle() {
+        function test_keysToggle_data() {
+            return clickKeys();
+        }
+
+        function test_keysToggle(row) {
             keyClick(Qt.Key_Tab);
             verify(box.visualFocus);
-            press(Qt.Key_Enter, Qt.Key_Return, Qt.Key_Space);
+            keyClick(row.key);
             verify(box.checked);
+        }
+
+        function test_textStandsBesideTheIndicator() {
+            compare([box.width, box.height, root.label.y + root.label.baselineOffset,
+                     root.label.leftPadding], [20, 20, 15, 20 + box.spacing]);
+            compare([root.area.width, root.area.height],
+                    [20 + root.label.contentWidth + 10, Math.max(20, root.label.height)]);
         }
 
         function test_tooltipTellsWhyItIsDisabled() {

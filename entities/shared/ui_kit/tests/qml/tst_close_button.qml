@@ -53,6 +53,11 @@ Item {
             compare(spy.count, 0);
         }
 
+        function test_sizes() {
+            compare([button.width, root.background.height, root.background.radius,
+                     root.inner.icon.width, root.inner.width], [40, 40, 12, 16, 40]);
+        }
+
         // A missing icon is not tried for ever.
         function test_iconIsAsSharpAsTheScreen() {
             const image = root.inner.contentItem.children[0];

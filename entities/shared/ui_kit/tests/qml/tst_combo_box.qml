@@ -50,6 +50,7 @@ Item {
 
     KitTestCase {
         function init() {
+            paletteProvider.palette = darkPalette;
             found.filter("");
             plain.box.currentIndex = 0;
             searched.currentIndex = 2;
@@ -128,9 +129,26 @@ Item {
             compare([searched.editModeOn, searched.box.displayText], [false, "Gamma"]);
         }
 
-        function test_blockedItIsDisabled() {
-            plain.isBlocked = true;
-            verify(!plain.box.enabled);
+        function test_looks_data() {
+            return [
+                { tag: "plain", border: ["contentBorder", "#28ffffff"] },
+                { tag: "focus", focus: true, border: ["purplePrimary", "#8c8cff"] },
+                { tag: "blocked", blocked: true, border: ["contentDisabled", "#14ffffff"],
+                  fill: ["contentBackground", "#171f1d"] }
+            ];
+        }
+
+        function test_looks(row) {
+            plain.isBlocked = row.blocked ?? false;
+            root.forceActiveFocus();
+            if (row.focus) {
+                plain.box.forceActiveFocus();
+            }
+            const look = plain.box.background;
+            compareLooks(() => [look.border.color, look.color],
+                         [row.border, row.fill ?? ["backgroundPrimary", "#050505"]]);
+            compare([plain.width, plain.height, look.radius, plain.box.enabled],
+                    [405, 52, 12, !row.blocked]);
             plain.isBlocked = false;
         }
 

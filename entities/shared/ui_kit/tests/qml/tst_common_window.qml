@@ -38,6 +38,14 @@ UiKitBase.CommonWindow {
             frame.chosen = [];
         }
 
+        function test_geometry() {
+            compare([frame.width, frame.height, frame.children[0].radius], [1018, 580, 16]);
+            compare([frame.menuShape.width, frame.menuShape.radius, frame.page.x, frame.page.width],
+                    [318, 16, 318, 700]);
+            compare([frame.menuShape.drawTopLeftCorner, frame.menuShape.drawTopRightCorner],
+                    [true, false]);
+        }
+
         function test_loadsThePageWhileItIsVisible() {
             tryVerify(() => frame.page.children[0].item.objectName === "page");
             frame.isVisible = false;

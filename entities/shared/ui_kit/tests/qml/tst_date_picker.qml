@@ -108,6 +108,20 @@ Item {
             compare(picker.shown, "2026-11");
         }
 
+        function test_looks() {
+            openAt("2026-11-18");
+            paletteProvider.palette = null;
+            const cell = cells().find(candidate => candidate.marked && candidate.shown);
+            const mark = cell.children[0].item;
+            compare([cell.width, cell.height, mark.width, mark.height, mark.radius],
+                    [36, 24, 44, 44, 4]);
+            compare([String(mark.color), String(picker.contentItem.children[0].color)],
+                    ["#8c8cff", "#131414"]);
+            picker.currentDate = new Date();
+            const today = cells().find(candidate => candidate.model.today);
+            verify(!today || Qt.colorEqual(today.color, "#1ca88c"));
+        }
+
         name: "DatePicker"
     }
 }

@@ -43,16 +43,17 @@ Item {
 
     KitTestCase {
         function init() {
+            paletteProvider.palette = darkPalette;
             line.nextFocusItem = null;
             line.inputMask = "";
-            for (const input of [line, area]) {
+            [line, area].forEach(input => {
                 input.text = "first";
                 input.isEditable = true;
                 input.isEnabled = true;
                 input.errorVisible = false;
                 input.hintMessage = "";
                 input.tooltipText = "";
-            }
+            });
             mouseMove(root, 890, 290);
             root.forceActiveFocus();
             spy.target = line;
@@ -151,6 +152,14 @@ Item {
             line.showFocusBorder = area.showFocusBorder = false;
         }
 
+        function test_hintGivesWayToTheError() {
+            verify(!line.hintVisible);
+            line.hintMessage = "hint";
+            verify(line.hintVisible);
+            line.errorVisible = true;
+            verify(!line.hintVisible);
+        }
+
         function test_tooltipFollowsTheMouse() {
             line.tooltipText = "Tip";
             const loader = line.children[3];
@@ -166,6 +175,17 @@ Item {
             compare(tooltip.y, 56);
             line.tooltipText = "";
             verify(!line.containsMouse);
+        }
+
+        function test_sizes() {
+            compare([line.width, line.height, area.width, area.height, root.box.radius],
+                    [405, 52, 405, 104, 12]);
+            line.height = area.height = 124;
+            compare([root.box.height, root.areaBox.height], [52, 104]);
+            area.height = 224;
+            compare(root.areaBox.height, 204);
+            area.height = undefined;
+            line.height = undefined;
         }
 
         name: "Inputs"

@@ -20,6 +20,7 @@ Item {
 
     KitTestCase {
         function init() {
+            paletteProvider.palette = darkPalette;
             root.clicks = 0;
             button.state = "Normal";
             mouseMove(root, 390, 290);
@@ -49,7 +50,6 @@ Item {
         function test_aPaletteWithoutTheRoleGivesNoLiteral() {
             paletteProvider.palette = lightPalette;
             verify(!button.normalColor.valid);
-            paletteProvider.palette = darkPalette;
         }
 
         function test_backgroundFollowsTheMouse() {
@@ -85,6 +85,15 @@ Item {
             root.forceActiveFocus();
             button.forceActiveFocus(Qt.MouseFocusReason);
             verify(!outlineOf(button));
+        }
+
+        function test_hintIsThereOnlyWithAText() {
+            const column = button.contentItem;
+            const height = column.implicitHeight;
+            button.hintText = "more";
+            tryVerify(() => column.implicitHeight > height);
+            button.hintText = "";
+            tryCompare(column, "implicitHeight", height);
         }
 
         name: "PushButton"

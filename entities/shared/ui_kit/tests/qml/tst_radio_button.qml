@@ -19,10 +19,19 @@ Item {
 
     KitTestCase {
         function init() {
+            paletteProvider.palette = darkPalette;
             button.enabled = true;
             button.checked = false;
             root.forceActiveFocus();
             spy.clear();
+        }
+
+        function test_keys_data() {
+            return [
+                { tag: "Enter", key: Qt.Key_Enter, checked: false },
+                { tag: "Return", key: Qt.Key_Return, checked: false },
+                { tag: "Space", key: Qt.Key_Space, checked: true }
+            ];
         }
 
         function test_aScreenReaderChoosesAndDoesNotTakeBack() {
@@ -33,13 +42,11 @@ Item {
             }
         }
 
-        function test_keys() {
+        function test_keys(row) {
             keyClick(Qt.Key_Tab);
             verify(button.visualFocus);
-            press(Qt.Key_Enter, Qt.Key_Return);
-            compare([spy.count, button.checked], [2, false]);
-            keyClick(Qt.Key_Space);
-            compare([spy.count, button.checked], [3, true]);
+            keyClick(row.key);
+            compare([spy.count, button.checked], [1, row.checked]);
         }
 
         function test_textIsClickedToo() {
@@ -48,14 +55,15 @@ Item {
         }
 
         function test_looks_data() {
-            const dot = (role, literal) => [[role, "#8c8cff"], [role, literal], "#00000000"];
             return [
-                { tag: "plain", look: dot("purplePrimary", "#8c8cff") },
-                { tag: "focus", look: dot("purpleSubPrimary", "#9c9cff") },
-                { tag: "pressed", look: dot("purpleSecondary", "#9c9cff") },
-                { tag: "disabled", look: [["contentDisabled", "#57ffffff"],
-                                          ["contentDisabled", "#57ffffff"],
-                                          ["contentBackground", "#1fffffff"]] }
+                { tag: "plain", border: ["purplePrimary", "#8c8cff"],
+                  dot: ["purplePrimary", "#8c8cff"], fill: "#00000000" },
+                { tag: "focus", border: ["purpleSubPrimary", "#8c8cff"],
+                  dot: ["purpleSubPrimary", "#9c9cff"], fill: "#00000000" },
+                { tag: "pressed", border: ["purpleSecondary", "#8c8cff"],
+                  dot: ["purpleSecondary", "#9c9cff"], fill: "#00000000" },
+                { tag: "disabled", border: ["contentDisabled", "#57ffffff"],
+                  dot: ["contentDisabled", "#57ffffff"], fill: ["contentBackground", "#1fffffff"] }
             ];
         }
 
@@ -69,10 +77,18 @@ Item {
                 mousePress(button, 12, 12);
             }
             compareLooks(() => [button.indicator.border.color, root.dot.color,
-                                button.indicator.color], row.look);
+                                button.indicator.color], [row.border, row.dot, row.fill]);
             if (row.tag === "pressed") {
                 mouseRelease(button, 12, 12);
             }
+        }
+
+        function test_sizes() {
+            button.forceActiveFocus(Qt.TabFocusReason);
+            compare([button.width, button.height, root.dot.parent.radius, outlineOf(button).radius],
+                    [24, 24, 13, 6]);
+            compare([root.dot.x, root.dot.width, root.dot.radius, root.dot.visible],
+                    [6, 12, 7, false]);
         }
 
         name: "RadioButton"

@@ -28,6 +28,7 @@ Item {
 
     KitTestCase {
         function init() {
+            paletteProvider.palette = darkPalette;
             manual.clear();
             manual.insertTextToBack(root.tale);
             manual.setScrollPosition(0);
@@ -112,6 +113,15 @@ Item {
             manual.removeTextFromFront(4);
             manual.removeTextFromBack(2);
             compare(manual.content.text, "345");
+        }
+
+        function test_looks() {
+            fuzzyCompare(manual.bar.size, 0.1 * manual.view.visibleArea.heightRatio, 0.0001);
+            compare([manual.bar.width, manual.content.font.pixelSize, manual.radius,
+                     manual.textMargin],
+                    [13, 14, 8, 16]);
+            compareLooks(() => [scrolling, manual].map(item => item.children[0].color),
+                         [["backgroundPrimary", "#050505"], ["backgroundPrimary", "#bf000000"]]);
         }
 
         name: "ScrollingText"

@@ -22,6 +22,7 @@ Item {
 
     KitTestCase {
         function init() {
+            paletteProvider.palette = darkPalette;
             button.checked = false;
             button.progress = false;
             button.enable = true;
@@ -56,6 +57,12 @@ Item {
             compare([spy.count, root.knob.x, button.checked], [1, 4, false]);
         }
 
+        function test_disabledDoesNothing() {
+            button.enable = false;
+            mouseClick(button, 30, 30);
+            compare(spy.count, 0);
+        }
+
         function test_looks_data() {
             return [
                 { tag: "off", color: ["contentDisabled", "#808080"], knob: 4,
@@ -75,6 +82,16 @@ Item {
                          [row.color, row.description, ["purpleSecondary", "#9941b79d"]]);
             compare([root.knob.x, root.knob.y, root.control.mapToItem(button, 0, 0).x],
                     [row.knob, 4, 400 - 16 - 40]);
+        }
+
+        function test_descriptionLeavesRoom() {
+            button.width = 200;
+            compare(root.texts[1].width, 200 - 40 - 16 - 32);
+            compare([root.texts[0].lineHeight, root.texts[1].lineHeight], [26, 20]);
+            button.hasStateIcon = true;
+            compare(root.texts[1].width, 200 - 40 - 16 - 32 - button.statusImage.width);
+            button.hasStateIcon = false;
+            button.width = 400;
         }
 
         name: "SlideButton"

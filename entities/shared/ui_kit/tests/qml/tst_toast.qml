@@ -35,6 +35,11 @@ UiKitBase.Toast {
                     [row.isError ?? false, Text.PlainText]);
         }
 
+        function test_colour() {
+            compareLooks(() => [toast.box.color], [["backgroundSecondary", "#171f1d"]]);
+            compare(toast.box.radius, 12);
+        }
+
         name: "Toast"
     }
 }
