@@ -76,7 +76,7 @@ TEST_F(RendezvousTest, RefusesAWrongFolderWithOneLine)
                                                         {base / "a/b/c", "does not exist"}};
     for (const auto& [path, reason] : rows)
     {
-        EXPECT_THAT(LogOf([&] { EXPECT_EQ(Open(path, Purpose::Look), -1); }),
+        EXPECT_THAT(LogOf([&path = path] { EXPECT_EQ(Open(path, Purpose::Look), -1); }),
                     testing::MatchesRegex("[^\n]*" + reason + "[^\n]*\n"));
     }
 }

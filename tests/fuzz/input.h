@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstdint>
+#include <cstring>
+#include <string>
 #include <string_view>
 
 namespace fuzz {
@@ -25,18 +27,32 @@ public:
 
     std::uint8_t Byte()
     {
-        const std::string_view byte = Bytes(1);
-        return byte.empty() ? std::uint8_t{0} : static_cast<std::uint8_t>(byte[0]);
+        return Take<std::uint8_t>();
     }
 
     std::uint16_t Word()
     {
-        const std::uint8_t low = Byte();
-        return static_cast<std::uint16_t>(low | Byte() << 8);
+        return Take<std::uint16_t>();
+    }
+
+    template <class Plain>
+    Plain Take()
+    {
+        Plain taken{};
+        const std::string_view bytes = Bytes(sizeof(taken));
+        std::memcpy(&taken, bytes.data(), bytes.size());
+        return taken;
     }
 
 private:
     std::string_view m_bytes;
 };
+
+/// What `Input::Take` reads.
+template <class Plain>
+std::string BytesOf(const Plain& plain)
+{
+    return {reinterpret_cast<const char*>(&plain), sizeof(plain)};
+}
 
 }  // namespace fuzz

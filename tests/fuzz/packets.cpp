@@ -25,14 +25,6 @@ using platform::tests::CountDescriptors;
 using platform::tests::Packet;
 using platform::tests::RawSocket;
 
-/// What of a packet is put right before it is sent, so that inputs get past the first checks.
-enum Mending : std::uint8_t
-{
-    MendNumbers = 1,  ///< magic, kind, sequence
-    MendSizes = 2,
-    MendAll = 3,
-};
-
 constexpr std::size_t MostAttachments = platform::MaxPacketDescriptors + 2;
 
 /// What may come with a packet, open as long as the process: an event object's socket, a sealed
@@ -60,112 +52,90 @@ Frame FrameOf(const std::string& packet)
     return frame;
 }
 
-void Mend(std::string& packet, std::uint8_t mending, FrameKind kind, std::uint64_t sequence)
+/// How the input describes a packet; the arena's bytes follow.
+struct Sent
 {
-    if (packet.size() < sizeof(Frame) + sizeof(wz_message))
-    {
-        return;
-    }
-    Frame frame = FrameOf(packet);
-    if ((mending & MendNumbers) != 0)
-    {
-        frame = {platform::FrameMagic,
-                 kind,
-                 frame.handleMask,
-                 static_cast<std::uint16_t>(frame.flags & platform::FrameArenaInFile),
-                 sequence,
-                 0,
-                 frame.messageBytes,
-                 frame.arenaBytes};
-    }
-    if ((mending & MendSizes) != 0)
-    {
-        const auto behind = static_cast<std::uint32_t>(packet.size() - sizeof frame);
-        const std::uint32_t least = sizeof(wz_message);
-        frame.messageBytes = std::clamp(frame.messageBytes, least, behind);
-        frame.arenaBytes = behind - frame.messageBytes;
-        if ((frame.flags & platform::FrameArenaInFile) != 0)
-        {
-            packet.resize(sizeof frame + frame.messageBytes);
-            frame.arenaBytes = platform::MaxInlineArena + 1;
-        }
-        std::uint32_t word = 0;
-        char* const place = packet.data() + sizeof frame + offsetof(wz_message, size);
-        std::memcpy(&word, place, sizeof word);
-        word = (word & ~WzMessageSizeMask) | frame.messageBytes;
-        std::memcpy(place, &word, sizeof word);
-    }
-    std::memcpy(packet.data(), &frame, sizeof frame);
-}
-
-/// A socket's other end, which sends what the input says.
-class Sender
-{
-public:
-    explicit Sender(Input& input) : m_input(input)
-    {
-        int ends[2];
-        Require(::socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, ends) == 0,
-                "sockets can be made");
-        m_socket = RawSocket(ends[0]);
-        receiver.Reset(ends[1]);
-    }
-
-    /// @returns the packet
-    std::string Send(FrameKind kind, std::uint64_t sequence) const
-    {
-        const std::uint8_t mending = m_input.Byte();
-        std::vector<int> attachments(MostAttachments, AttachmentOf(m_input.Byte()));
-        attachments[0] = AttachmentOf(m_input.Byte());
-        attachments.resize(m_input.Byte() % (MostAttachments + 1));
-        std::string packet(m_input.Bytes(m_input.Word()));
-        Mend(packet, mending, kind, sequence);
-        m_socket.TrySend(packet, attachments);
-        return packet;
-    }
-
-    Descriptor receiver;
-
-private:
-    Input& m_input;
-    RawSocket m_socket{-1};
+    std::uint16_t place = 0xFFFF;  ///< of a byte that is changed, or, by 0, of the packet's cut end
+    std::uint8_t change = 0;
+    std::uint8_t attachments = 0;
+    std::array<std::uint8_t, 2> kinds = {};  ///< of the first attachment and of all others
+    std::uint8_t handles = 0;
+    std::uint8_t mask = 0;
+    std::uint16_t flags = 0;
+    std::uint16_t messageBytes = 32;
+    std::array<std::uint16_t, 2> fields = {7, 8};
+    std::uint16_t arena = 0;
 };
 
-/// The buffers of a receiver, with a fence behind each.
+std::string MakePacket(const Sent& sent, Packet packet)
+{
+    packet.messageBytes = std::max<std::uint32_t>(sent.messageBytes, sizeof(wz_message));
+    packet.handles = sent.handles;
+    packet.mask = sent.mask;
+    packet.flags = sent.flags;
+    packet.fields = {sent.fields[0], sent.fields[1]};
+    if (packet.flags == platform::FrameArenaInFile)
+    {
+        packet.arena.clear();
+        packet.arenaBytes = platform::MaxInlineArena + 1;
+    }
+    std::string bytes = packet;
+    if (sent.place < bytes.size())
+    {
+        bytes[sent.place] = static_cast<char>(bytes[sent.place] ^ sent.change);
+        bytes.resize(sent.change == 0 ? sent.place : bytes.size());
+    }
+    return bytes;
+}
+
+std::pair<RawSocket, Descriptor> MakeSockets()
+{
+    int ends[2];
+    Require(::socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, ends) == 0,
+            "sockets can be made");
+    return {RawSocket(ends[0]), Descriptor(ends[1])};
+}
+
+/// Sends what the input says.
+/// @returns the packet
+std::string Send(Input& input, const RawSocket& socket, FrameKind kind, std::uint64_t sequence)
+{
+    const Sent sent = input.Take<Sent>();
+    std::vector<int> attachments(MostAttachments, AttachmentOf(sent.kinds[1]));
+    attachments[0] = AttachmentOf(sent.kinds[0]);
+    attachments.resize(sent.attachments % (MostAttachments + 1));
+    std::string arena(input.Bytes(sent.arena));
+    const std::string packet =
+        MakePacket(sent, {.kind = kind, .sequence = sequence, .arena = std::move(arena)});
+    socket.TrySend(packet, attachments);
+    return packet;
+}
+
+/// The buffers of a receiver, no larger than their rooms.
 class Mailbox
 {
 public:
     /// Takes the rooms from the input.
     explicit Mailbox(Input& input)
-        : m_messageRoom(std::max<std::size_t>(input.Word() % (platform::MaxMessageBytes + 1),
-                                              sizeof(wz_message))),
+        : m_message(std::max<std::size_t>(input.Word() % (platform::MaxMessageBytes + 1),
+                                          sizeof(wz_message)),
+                    0xA5),
           m_handleRoom(input.Byte() % (platform::MaxHandles + 1)),
-          m_message(m_messageRoom + FenceBytes, Fence),
-          m_arenaBytes(2 * (input.Word() + FenceBytes), Fence)
+          m_arenaBytes(2 * input.Word() + 1)
     {}
 
     /// Makes the buffers ready for the next message.
     void Arm()
     {
-        Message()->size =
-            static_cast<std::uint32_t>(m_messageRoom | m_handleRoom << WzMessageHandleCountShift);
+        Message()->size = static_cast<std::uint32_t>(m_message.size() |
+                                                     m_handleRoom << WzMessageHandleCountShift);
         arena.start = arena.current = m_arenaBytes.data();
-        arena.end = m_arenaBytes.data() + m_arenaBytes.size() - FenceBytes;
+        arena.end = m_arenaBytes.data() + m_arenaBytes.size();
     }
 
     wz_message* Message()
     {
         return reinterpret_cast<wz_message*>(m_message.data());
-    }
-
-    /// Nothing was written beyond the rooms.
-    void RequireFences() const
-    {
-        for (const auto* buffer : {&m_message, &m_arenaBytes})
-        {
-            Require(std::count(buffer->end() - FenceBytes, buffer->end(), Fence) == FenceBytes,
-                    "a message keeps to its room");
-        }
     }
 
     /// The packet has come whole, and nothing else; closes its handles.
@@ -175,17 +145,16 @@ public:
         const std::size_t slots = platform::HandleCount(*Message());
         const std::size_t slotsEnd = sizeof(wz_message) + slots * sizeof(wz_handle_slot);
         Require(slots <= m_handleRoom && slotsEnd <= frame.messageBytes &&
-                    frame.messageBytes <= m_messageRoom,
+                    frame.messageBytes <= m_message.size(),
                 "what was delivered has room");
         const auto* const sent =
             reinterpret_cast<const unsigned char*>(packet.data()) + sizeof frame;
-        const auto got = m_message.begin();
-        Require(std::equal(sent, sent + sizeof(wz_message), got) &&
-                    std::equal(sent + slotsEnd, sent + frame.messageBytes, got + Offset(slotsEnd)),
-                "header and fields are what was sent");
-        Require(std::count(got + frame.messageBytes, got + Offset(m_messageRoom), 0) ==
-                    Offset(m_messageRoom) - frame.messageBytes,
-                "zeros follow the message");
+        std::vector<unsigned char> expected(sent, sent + frame.messageBytes);
+        expected.resize(m_message.size());
+        std::copy_n(m_message.data(), slotsEnd, expected.data());
+        Require(
+            m_message == expected && std::equal(sent, sent + sizeof(wz_message), expected.data()),
+            "the message is what was sent, and zeros follow it");
         Require(arena.current == arena.start + frame.arenaBytes &&
                     ((frame.flags & platform::FrameArenaInFile) != 0 ||
                      std::equal(arena.start, arena.current, sent + frame.messageBytes)),
@@ -203,25 +172,16 @@ public:
     wz_arena arena{};
 
 private:
-    static constexpr unsigned char Fence = 0xA5;
-    static constexpr std::ptrdiff_t FenceBytes = 64;
-
-    static std::ptrdiff_t Offset(std::size_t bytes)
-    {
-        return static_cast<std::ptrdiff_t>(bytes);
-    }
-
-    std::size_t m_messageRoom;
-    std::size_t m_handleRoom;
     std::vector<unsigned char> m_message;
+    std::size_t m_handleRoom;
     std::vector<unsigned char> m_arenaBytes;
 };
 
 void ReadRequests(Input& input)
 {
     Mailbox mailbox(input);
-    Sender client(input);
-    platform::ServerConnection connection(7, std::move(client.receiver), {});
+    auto [client, end] = MakeSockets();
+    platform::ServerConnection connection(7, std::move(end), {});
     wz_message response{};
     response.size = sizeof response;
     std::uint64_t received = 0;
@@ -232,13 +192,12 @@ void ReadRequests(Input& input)
     };
     while (!input.HasEnded())
     {
-        const std::string packet = client.Send(FrameKind::Request, received + 1);
+        const std::string packet = Send(input, client, FrameKind::Request, received + 1);
         WzTvoOrigin origin{};
         int result = XoOk;
         mailbox.Arm();
         const Arrival arrival =
             connection.Receive(mailbox.Message(), &mailbox.arena, origin, result);
-        mailbox.RequireFences();
         if (arrival != Arrival::Packet)
         {
             Require(arrival == Arrival::Broken, "a packet is delivered or broken");
@@ -264,9 +223,8 @@ void ReadRequests(Input& input)
 void ReadReplies(Input& input)
 {
     Mailbox mailbox(input);
-    Sender server(input);
-    platform::ClientConnection connection(
-        std::move(server.receiver), {}, platform::Place::Servers, "server");
+    auto [server, end] = MakeSockets();
+    platform::ClientConnection connection(std::move(end), {}, platform::Place::Servers, "server");
     wz_message request{};
     request.size = sizeof request;
     const auto call = [&]
@@ -277,9 +235,8 @@ void ReadReplies(Input& input)
     };
     for (std::uint64_t calls = 1; !input.HasEnded(); ++calls)
     {
-        const std::string packet = server.Send(FrameKind::Reply, calls);
+        const std::string packet = Send(input, server, FrameKind::Reply, calls);
         const int result = call();
-        mailbox.RequireFences();
         if (result != XoOk)
         {
             Require(result == WzTimedOut || call() == XoObjectGone, "no call follows the end");
@@ -292,9 +249,8 @@ void ReadReplies(Input& input)
 
 void ReadHandshake(Input& input)
 {
-    Sender sender(input);
     const FrameKind kind = input.Byte() % 2 == 0 ? FrameKind::Connect : FrameKind::Verdict;
-    const std::string packet = sender.Send(kind, 1);
+    const std::string packet = Send(input, RawSocket(), kind, 1);
     const auto* const bytes = reinterpret_cast<const unsigned char*>(packet.data());
     const char* fault = nullptr;
     if (const auto request = platform::ParseConnect(bytes, packet.size(), 0, fault))
@@ -323,49 +279,51 @@ void Run(std::string_view bytes)
     Require(CountDescriptors() == before, "every descriptor is closed");
 }
 
-std::string Word(std::size_t value)
+std::string Seed(Sent sent, const std::string& arena = "")
 {
-    return {static_cast<char>(value & 0xFFU), static_cast<char>(value >> 8U)};
-}
-
-/// A packet as `Sender` reads it, sound once it is mended.
-/// @param attachments  their kinds, then how many there are
-std::string Seed(const std::string& packet, const std::string& attachments = std::string(3, '\0'))
-{
-    return std::string(1, MendAll) + attachments + Word(packet.size()) + packet;
+    sent.arena = static_cast<std::uint16_t>(arena.size());
+    return BytesOf(sent) + arena;
 }
 
 std::vector<std::string> Seeds()
 {
     using namespace std::string_literals;
-    const std::string plain = Seed(Packet{.messageBytes = 24, .arena = "hello"});
-    const std::string handles =
-        Seed(Packet{.messageBytes = 48, .handles = 3, .mask = 5, .fields = {~0U, ~0U}}, "\0\0\2"s);
-    const std::string pipe = Seed(Packet{.messageBytes = 40, .handles = 2, .mask = 3}, "\2\0\2"s);
-    const std::string file = Seed(
-        Packet{.messageBytes = 32, .handles = 1, .mask = 1, .flags = platform::FrameArenaInFile},
-        "\0\1\2"s);
-    const std::string crowd =
-        Seed(Packet{.messageBytes = 88, .handles = 8, .mask = 0xFF}, "\0\0\x0B"s);
+    const std::string plain = Seed({}, "hello");
+    const Sent crowd{.attachments = 11, .handles = 8, .mask = 0xFF, .messageBytes = 152};
+    const Sent pipe{.attachments = 2, .kinds = {0, 2}, .handles = 2, .mask = 3, .messageBytes = 56};
+    Sent handles{.attachments = 2, .handles = 3, .mask = 5, .messageBytes = 80};
+    const std::string file = Seed({.attachments = 2,
+                                   .kinds = {1, 0},
+                                   .handles = 1,
+                                   .mask = 1,
+                                   .flags = platform::FrameArenaInFile,
+                                   .messageBytes = 40});
     std::vector<std::string> seeds{""};
     for (const std::string& reader : {"\0"s, "\1"s})
     {
-        const std::string rooms = reader + Word(160) + "\x08" + Word(0x8000);
-        const std::string small = reader + Word(24) + "\1" + Word(0);
-        seeds.insert(seeds.end(),
-                     {rooms + plain + plain + "raw",
-                      rooms + handles + plain,
-                      rooms + pipe,
-                      rooms + file + file,
-                      rooms + crowd,
-                      small + plain,
-                      small + handles});
+        const std::string rooms = reader + "\xA0\0\x08\1\x80"s;
+        const std::string small = reader + "\x18\0\1\0\0"s;
+        for (const std::string& packets :
+             {plain + plain, Seed(handles) + plain, Seed(pipe), file + file, Seed(crowd)})
+        {
+            seeds.push_back(rooms + packets);
+            seeds.push_back(small + packets);
+        }
+        seeds.push_back(small + Seed({.messageBytes = 24}) + plain);
+        for (std::uint8_t place = 0; place < sizeof(Frame) + sizeof(wz_message); ++place)
+        {
+            seeds.push_back(rooms + Seed({.place = place}));
+            handles.place = place;
+            handles.change = 1;
+            seeds.push_back(rooms + plain + Seed(handles));
+        }
+        handles.place = 0xFFFF;
     }
-    for (const std::string& request :
-         {platform::tests::AskFor("one", "two"), platform::tests::AskFor("a", "\n")})
+    for (const std::string& name : {"two"s, "\n"s})
     {
-        seeds.push_back("\2\0"s + Seed(request));
-        seeds.push_back("\2\1"s + Seed(request));
+        const Sent request{.fields = {3, static_cast<std::uint16_t>(name.size())}};
+        seeds.push_back("\2\0"s + Seed(request, "one" + name));
+        seeds.push_back("\2\1"s + Seed(request, "one" + name));
     }
     return seeds;
 }

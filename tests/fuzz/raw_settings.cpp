@@ -1,10 +1,12 @@
-#include <cstring>
+#include <algorithm>
+#include <tuple>
 
 #include <component/settings_manager/raw_setting.h>
 #include <component/settings_manager/tvo_ipc/limits.h>
 #include <component/settings_manager/tvo_ipc/nodes.h>
 
 #include "fuzz_target.h"
+#include "input.h"
 
 namespace fuzz {
 namespace {
@@ -18,14 +20,11 @@ using Items = std::vector<RawItem>;
 
 bool AreEqual(const Items& left, const Items& right)
 {
-    return std::equal(left.begin(),
-                      left.end(),
-                      right.begin(),
-                      right.end(),
-                      [](const RawItem& one, const RawItem& other) {
-                          return one.path == other.path && one.value == other.value &&
-                                 one.attrib == other.attrib;
-                      });
+    const auto fields = [](const RawItem& item)
+    {
+        return std::tie(item.path, item.value, item.attrib);
+    };
+    return std::ranges::equal(left, right, {}, fields, fields);
 }
 
 void ReadTree(const Items& items)
@@ -67,13 +66,9 @@ void SendOn(const Items& items)
 /// The bytes as a message: where the nodes stand, and the arena.
 Items ReadArena(std::string_view bytes)
 {
-    Reference nodes{};
-    if (bytes.size() < sizeof(nodes))
-    {
-        return {};
-    }
-    std::memcpy(&nodes, bytes.data(), sizeof(nodes));
-    bytes.remove_prefix(sizeof(nodes));
+    Input input(bytes);
+    const auto nodes = input.Take<Reference>();
+    bytes = input.Bytes(bytes.size());
     std::vector<unsigned char> storage(bytes.begin(), bytes.end());
     unsigned char* const end = storage.data() + storage.size();
     Items items;
@@ -105,10 +100,8 @@ std::string Seed(const Items& items, Reference wrong = {})
     tvo::ipc::arena::Buffer buffer(ipc::limits::ChunkArena);
     Reference nodes{};
     Require(ipc::PackNodes(items, *buffer.Get(), nodes).has_value(), "a seed can be packed");
-    nodes = wrong.size == 0 ? nodes : wrong;
-    std::string seed(sizeof(nodes), '\0');
-    std::memcpy(seed.data(), &nodes, sizeof(nodes));
-    return seed.append(buffer.Get()->start, buffer.Get()->current);
+    return BytesOf(wrong.size == 0 ? nodes : wrong)
+        .append(buffer.Get()->start, buffer.Get()->current);
 }
 
 std::vector<std::string> Seeds()

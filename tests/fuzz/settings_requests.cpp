@@ -1,5 +1,5 @@
+#include <algorithm>
 #include <cstring>
-#include <map>
 
 #include <front_support.h>
 #include <store/value_rules.h>
@@ -14,37 +14,27 @@ using fuzz::Input;
 using fuzz::Require;
 using tvo::service::Outcome;
 
-/// The blocks of every node by its path.
-using Tree = std::map<std::string, std::pair<impl::Raw::Block, impl::Raw::Block>>;
-
-Tree TreeOf(const Store& store)
+bool AreEqual(const Node& left, const Node& right)
 {
-    Items items;
-    SnapshotReader reader(store.At({}), "");
-    const std::uint64_t count = reader.Count();
-    reader.Read(count + 1, items);
-    Tree tree;
-    for (const impl::RawItem& item : items)
+    const auto areEqual = [](const NodePtr& one, const NodePtr& other)
     {
-        tree[item.path] = {item.value, item.attrib};
-    }
-    Require(tree.size() == count && reader.IsAtEnd(), "nodes are counted");
-    return tree;
+        return AreEqual(*one, *other);
+    };
+    return left.level == right.level && left.value == right.value &&
+           left.isReadOnly == right.isReadOnly &&
+           std::ranges::equal(left.children, right.children, areEqual);
 }
 
-/// Whether what is at and below a path is in both trees the same.
-bool IsSameBelow(const std::string& path, const Tree& left, const Tree& right)
+/// @param after  null where the node is gone
+void RequireReadOnlyKept(const Node& before, const Node* after)
 {
-    auto one = left.lower_bound(path);
-    auto other = right.lower_bound(path);
-    for (; one != left.end() && one->first.starts_with(path); ++one, ++other)
+    Require(!before.isReadOnly || (after != nullptr && AreEqual(before, *after)),
+            "what is read-only stays, with all that is below it");
+    for (const NodePtr& child : before.children)
     {
-        if (other == right.end() || *one != *other)
-        {
-            return false;
-        }
+        const NodePtr now = after == nullptr ? nullptr : ChildOf(*after, child->level);
+        RequireReadOnlyKept(*child, now.get());
     }
-    return other == right.end() || !other->first.starts_with(path);
 }
 
 /// The rules that hold in the whole tree whatever was written.
@@ -101,6 +91,24 @@ public:
     }
 
 private:
+    /// The numbers of a transfer, a context and a subscription, as far as the message has them.
+    template <class Message, class Visit>
+    static void ForEachNumber(Message& message, Visit visit)
+    {
+        if constexpr (requires { message.token; })
+        {
+            visit(message.token);
+        }
+        if constexpr (requires { message.cid; })
+        {
+            visit(message.cid);
+        }
+        if constexpr (requires { message.sid; })
+        {
+            visit(message.sid);
+        }
+    }
+
     template <class Request>
     void Ask()
     {
@@ -109,25 +117,17 @@ private:
         std::memcpy(&request.base + 1,
                     fields.data(),
                     std::min(fields.size(), sizeof(request) - sizeof(request.base)));
-        if constexpr (requires { request.token; })
-        {
-            request.token = Known(request.token);
-        }
-        if constexpr (requires { request.cid; })
-        {
-            request.cid = Known(request.cid);
-        }
-        if constexpr (requires { request.sid; })
-        {
-            request.sid = Known(request.sid);
-        }
+        // Small numbers stand for those that the service has given, in their order.
+        ForEachNumber(request,
+                      [this](std::uint64_t& number)
+                      { number = number < m_numbers.size() ? m_numbers[number] : number; });
         std::string bytes(m_input.Bytes(m_input.Word()));
         auto* const start = reinterpret_cast<unsigned char*>(bytes.data());
         wz_arena arena{start, start + bytes.size(), start + bytes.size()};
 
         FakeConnection& line = LineOf<typename Request::Interface>();
         const std::uint32_t size = fields.empty() ? sizeof(wz_message) : sizeof(Request);
-        const auto response = line.Ask(request, &arena, Request::Mid, size);
+        auto response = line.Ask(request, &arena, Request::Mid, size);
         const bool isGranted = line.outcome == Outcome::Answer && response.result == 0;
         Require(size == sizeof(Request) || line.outcome == Outcome::Reject,
                 "a message of another size is rejected");
@@ -151,7 +151,7 @@ private:
 
     /// Keeps the numbers that later requests are made of.
     template <class Response>
-    void Note(FakeConnection& line, const Response& response)
+    void Note(FakeConnection& line, Response& response)
     {
         Require(response.base.size == sizeof(response), "a response is whole");
         if constexpr (requires { response.nodes; })
@@ -160,30 +160,17 @@ private:
             Require(ipc::ReadNodes(*line.received.Get(), response.nodes, items) && !items.empty(),
                     "nodes can be read");
         }
-        if constexpr (requires { response.token; })
-        {
-            m_numbers.push_back(response.token);
-        }
-        if constexpr (requires { response.cid; })
-        {
-            m_numbers.push_back(response.cid);
-        }
-        if constexpr (requires { response.sid; })
-        {
-            m_numbers.push_back(response.sid);
-        }
+        ForEachNumber(response, [this](std::uint64_t number) { m_numbers.push_back(number); });
     }
 
     void RequireRightful(bool mayChange, bool isAttribute)
     {
-        const Tree before = std::exchange(m_tree, TreeOf(m_store));
-        RequireSound(*m_store.At({}), "");
-        Require(mayChange || before == m_tree, "who is refused has changed nothing");
-        for (const auto& [path, blocks] : before)
+        const Snapshot before = std::exchange(m_tree, m_store.At({}));
+        RequireSound(*m_tree, "");
+        Require(mayChange || AreEqual(*before, *m_tree), "who is refused has changed nothing");
+        if (!isAttribute)
         {
-            Require(isAttribute || !impl::Raw::ToAttributes(blocks.second).isReadOnly ||
-                        IsSameBelow(path, before, m_tree),
-                    "what is read-only stays, with all that is below it");
+            RequireReadOnlyKept(*before, m_tree.get());
         }
     }
 
@@ -195,12 +182,6 @@ private:
                                                                          : m_cbk;
     }
 
-    /// Small numbers stand for those that the service has given, in their order.
-    [[nodiscard]] std::uint64_t Known(std::uint64_t number) const
-    {
-        return number < m_numbers.size() ? m_numbers[number] : number;
-    }
-
     Input& m_input;
     Store m_store{nullptr};
     testing::NiceMock<FakeServiceLoop>& m_loop = *new testing::NiceMock<FakeServiceLoop>;
@@ -209,7 +190,7 @@ private:
     FakeConnection m_reg{m_loop, "WzISMReg", 1};
     FakeConnection m_cbk{m_loop, "WzISMCbk", 1};
     std::vector<std::uint64_t> m_numbers;  ///< of transfers, contexts and subscriptions
-    Tree m_tree = TreeOf(m_store);
+    Snapshot m_tree = m_store.At({});
 };
 
 void Run(std::string_view bytes)
@@ -255,7 +236,7 @@ std::vector<std::string> Seeds()
         "",
         tree + tree + reading + deleting,
         tree + Writing("m", SetSetting, ItemsOf("m", Text("no map"))),
-        tree + Seed(5, GetAttrib{.path = whole}, "m") +
+        Writing("m", Create, ItemsOf("m", Text("x"))) + Seed(5, GetAttrib{.path = whole}, "m") +
             Seed(6, SetAttrib{.path = whole, .attrib = 1}, "m") + deleting,
         Writing("m", Create, ItemsOf("m", Text("x"))) + deleting,
         many + Seed(3, WriteNext{.token = 0, .last = 1}) + Seed(4, Cancel{.token = 0}),

@@ -1,8 +1,7 @@
-#include <cstring>
-
 #include <component/cert_approver/tvo_ipc/wz_cert_approver_types.h>
 
 #include "fuzz_target.h"
+#include "input.h"
 
 namespace fuzz {
 namespace {
@@ -16,8 +15,7 @@ void Run(std::string_view bytes)
     {
         return;
     }
-    Record record{};
-    std::memcpy(&record, bytes.data(), sizeof(record));
+    const auto record = Input(bytes).Take<Record>();
     std::vector<unsigned char> storage(bytes.begin() + sizeof(record), bytes.end());
     unsigned char* const end = storage.data() + storage.size();
     const wz_arena arena{storage.data(), end, end};
@@ -39,11 +37,9 @@ void Run(std::string_view bytes)
             "what was read can be passed on");
 }
 
-std::string Bytes(const Record& record, const std::string& arena)
+std::string Seed(const Record& record, const std::string& arena)
 {
-    std::string bytes(sizeof(record), '\0');
-    std::memcpy(bytes.data(), &record, sizeof(record));
-    return bytes + arena;
+    return BytesOf(record) + arena;
 }
 
 std::vector<std::string> Seeds()
@@ -52,13 +48,13 @@ std::vector<std::string> Seeds()
     const std::string arena = "CN=issuerCN=subjectSHA-256 0011host:1";
     return {
         "",
-        Bytes({{0, 9}, {9, 10}, -1, INT64_MAX, {19, 12}, {31, 6}}, arena),
-        Bytes({{0, 0}, {1, 0}, 0, 0, {2, 0}, {3, 0}}, "    "),
-        Bytes({{Invalid, Invalid}, {36, 2}, 0, 0, {37, 0}, {0xFFFFFFF0U, 0x20}}, arena),
-        Bytes({{0, 38}, {0, 37}, INT64_MIN, 0, {1, 0xFFFFFFFFU}, {5, 5}}, arena),
-        Bytes({{0, 256}, {256, 256}, 0, 0, {512, 128}, {640, 256}}, std::string(896, 'x')),
-        Bytes({{0, 257}, {0, 900}, 0, 0, {0, 129}, {0, 1}}, std::string(900, '\xFF')),
-        Bytes({}, ""),
+        Seed({{0, 9}, {9, 10}, -1, INT64_MAX, {19, 12}, {31, 6}}, arena),
+        Seed({{0, 0}, {1, 0}, 0, 0, {2, 0}, {3, 0}}, "    "),
+        Seed({{Invalid, Invalid}, {36, 2}, 0, 0, {37, 0}, {0xFFFFFFF0U, 0x20}}, arena),
+        Seed({{0, 38}, {0, 37}, INT64_MIN, 0, {1, 0xFFFFFFFFU}, {5, 5}}, arena),
+        Seed({{0, 256}, {256, 256}, 0, 0, {512, 128}, {640, 256}}, std::string(896, 'x')),
+        Seed({{0, 257}, {0, 900}, 0, 0, {0, 129}, {0, 1}}, std::string(900, '\xFF')),
+        Seed({}, ""),
     };
 }
 

@@ -11,76 +11,50 @@
 
 #include "escape.h"
 
-namespace {
-
-using namespace std::chrono_literals;
-using tvo::logger::JoiningSink;
-
-class JoiningSinkTest : public ::testing::Test
+TEST(JoiningSink, JoinsEqualLinesUntilAnotherComesOrTimeHasPassed)
 {
-protected:
-    JoiningSinkTest() : m_sink(std::make_shared<spdlog::sinks::ostream_sink_st>(m_written))
+    std::ostringstream written;
+    tvo::logger::JoiningSink sink(std::make_shared<spdlog::sinks::ostream_sink_st>(written));
+    sink.set_formatter(std::make_unique<spdlog::pattern_formatter>(
+        "%# %v", spdlog::pattern_time_type::local, "\n"));
+    const auto log = [&](const char* text, int second = 0, int line = 1)
     {
-        m_sink.set_formatter(std::make_unique<spdlog::pattern_formatter>(
-            "%# %v", spdlog::pattern_time_type::local, "\n"));
-    }
-
-    void Log(const std::string& text, std::chrono::seconds at = 0s, int line = 1)
+        sink.log({spdlog::log_clock::time_point(std::chrono::seconds(second)),
+                  {"file", line, "function"},
+                  "tag",
+                  spdlog::level::info,
+                  text});
+    };
+    log("a");
+    log("a");
+    log("a", 0, 2);
+    log("b");
+    log("b");
+    log("b");
+    EXPECT_EQ(written.str(), "1 a\n1 the last line came 1 more time\n2 a\n1 b\n");
+    written.str("");
+    sink.flush();
+    sink.flush();
+    EXPECT_EQ(written.str(), "1 the last line came 2 more times\n");
+    written.str("");
+    for (int second = 0; second <= 25; ++second)
     {
-        m_sink.log(spdlog::details::log_msg(spdlog::log_clock::time_point(at),
-                                            spdlog::source_loc("file", line, "function"),
-                                            "tag",
-                                            spdlog::level::info,
-                                            text));
+        log("a", second);
     }
-
-    std::ostringstream m_written;
-    JoiningSink m_sink;
-};
-
-}  // namespace
-
-TEST_F(JoiningSinkTest, JoinsEqualLinesUntilAnotherComes)
-{
-    Log("a");
-    Log("a");
-    Log("a", 0s, 2);
-    Log("b");
-    Log("b");
-    Log("b");
-    EXPECT_EQ(m_written.str(), "1 a\n1 the last line came 1 more time\n2 a\n1 b\n");
-    m_written.str("");
-    m_sink.flush();
-    m_sink.flush();
-    EXPECT_EQ(m_written.str(), "1 the last line came 2 more times\n");
-}
-
-TEST_F(JoiningSinkTest, ReportsALastingRepetitionFromTimeToTime)
-{
-    Log("a", 0s);
-    for (int second = 1; second <= 25; ++second)
-    {
-        Log("a", std::chrono::seconds(second));
-    }
-    EXPECT_EQ(m_written.str(),
+    EXPECT_EQ(written.str(),
               "1 a\n1 the last line came 10 more times\n1 the last line came 10 more times\n");
 }
 
 TEST(Escape, KnowsPlainTextsByTheirBytes)
 {
-    // Every byte at every place of texts that end within and at the end of a word.
-    for (std::size_t length = 1; length <= 17; ++length)
+    // Every byte at every place of texts shorter than a word, and of several.
+    for (const std::size_t length : {1U, 7U, 8U, 17U})
     {
-        for (std::size_t place = 0; place < length; ++place)
+        for (std::size_t at = 0; at < length * 256; ++at)
         {
-            for (int byte = 0; byte < 256; ++byte)
-            {
-                std::string text(length, 'a');
-                text[place] = static_cast<char>(byte);
-                ASSERT_EQ(tvo::logger::IsPlainAscii(text), byte >= ' ' && byte <= '~')
-                    << byte << " at " << place << " of " << length;
-            }
+            std::string text(length, 'a');
+            text[at / 256] = static_cast<char>(at);
+            ASSERT_EQ(tvo::logger::IsPlainAscii(text), at % 256 >= ' ' && at % 256 <= '~') << at;
         }
     }
-    EXPECT_TRUE(tvo::logger::IsPlainAscii(""));
 }

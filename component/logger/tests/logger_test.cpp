@@ -1,7 +1,5 @@
 #include <atomic>
 #include <cstdlib>
-#include <ctime>
-#include <memory>
 #include <string>
 #include <thread>
 #include <utility>
@@ -33,107 +31,77 @@ std::string WrittenBy(LogLevel threshold, Body body)
     return ::testing::internal::GetCapturedStderr();
 }
 
-class Logger : public ::testing::Test
-{
-protected:
-    void TearDown() override
-    {
-        unsetenv("TVO_LOG_LEVEL");
-    }
-};
-
 }  // namespace
 
-TEST_F(Logger, WritesEveryPartOfALine)
-{
-    const std::string written = WrittenBy(LogLevel::Info,
-                                          []
-                                          {
-                                              TVO_LOG_DEBUG("not written");
-                                              TVO_LOG_WARNING("value {}", 5);
-                                              TVO_LOG_AS(LogLevel::Error, "OtherName", "plain");
-                                          });
-    EXPECT_THAT(written,
-                ::testing::MatchesRegex(
-                    "[0-9-]+ [0-9:.]+ \\[warning\\] \\[TAG\\] \\[[0-9]+\\] "
-                    "\\[[^]]*component/logger/tests/logger_test.cpp:[0-9]+\\] operator\\(\\): "
-                    "value 5\n[^\n]*\\[error\\][^\n]* OtherName: plain\n"));
-}
-
-TEST_F(Logger, MakesOneLineOfAnyMessage)
+TEST(Logger, MakesOneWholeLineOfAnyMessage)
 {
     const std::string written = WrittenBy(
         LogLevel::Info,
         []
         {
-            TVO_LOG_ERROR(
-                "a\n2026-01-01 [info] forged\r\x1b[2J\t\x7f \xC2\x9B \xE2\x80\xAE \xFF \xD0\x94");
+            TVO_LOG_DEBUG("not written");
+            TVO_LOG_WARNING("value {}", 5);
+            TVO_LOG_AS(LogLevel::Error,
+                       "OtherName",
+                       "a\n2026-01-01 [info] forged\r\x1b[2J\t\x7f \xC2\x9B \xE2\x80\xAE \xFF "
+                       "\xD0\x94");
         });
-    EXPECT_THAT(written,
-                ::testing::EndsWith("a\\n2026-01-01 [info] forged\\r\\x1b[2J\\t\\x7f \\u{9b} "
-                                    "\\u{202e} \\xff \xD0\x94\n"));
-    EXPECT_EQ(written.find('\n'), written.size() - 1);
+    const std::size_t end = written.find('\n') + 1;
+    EXPECT_THAT(written.substr(0, end),
+                ::testing::MatchesRegex(
+                    "[0-9-]+ [0-9:.]+ \\[warning\\] \\[TAG\\] \\[[0-9]+\\] "
+                    "\\[[^]]*component/logger/tests/logger_test.cpp:[0-9]+\\] operator\\(\\): "
+                    "value 5\n"));
+    EXPECT_THAT(written.substr(end),
+                ::testing::EndsWith(" OtherName: a\\n2026-01-01 [info] forged\\r\\x1b[2J\\t\\x7f "
+                                    "\\u{9b} \\u{202e} \\xff \xD0\x94\n"));
+    EXPECT_EQ(written.find('\n', end), written.size() - 1);
 }
 
-TEST_F(Logger, TakesTheThresholdFromTheEnvironment)
+TEST(Logger, TakesTheThresholdFromTheEnvironment)
 {
-    const std::pair<const char*, LogLevel> rows[] = {{"0", LogLevel::Trace},
-                                                     {"debug", LogLevel::Debug},
-                                                     {"ERROR", LogLevel::Error},
-                                                     {"6", LogLevel::Off},
-                                                     {"7", LogLevel::Info},
-                                                     {"", LogLevel::Info},
-                                                     {"infos", LogLevel::Info}};
     std::string written;
-    for (const auto& [value, lowest] : rows)
+    for (const auto& [value, lowest] : {std::pair{"0", LogLevel::Trace},
+                                        {"debug", LogLevel::Debug},
+                                        {"ERROR", LogLevel::Error},
+                                        {"6", LogLevel::Off},
+                                        {"7", LogLevel::Info},
+                                        {"infos", LogLevel::Info}})
     {
         setenv("TVO_LOG_LEVEL", value, 1);
-        written =
-            WrittenBy(LogLevel::Info,
-                      [lowest = lowest]
-                      {
-                          EXPECT_TRUE(tvo::logger::IsEnabled(lowest) || lowest == LogLevel::Off);
-                          const auto below = static_cast<LogLevel>(static_cast<int>(lowest) - 1);
-                          EXPECT_FALSE(lowest != LogLevel::Trace && tvo::logger::IsEnabled(below));
-                      });
+        const auto check = [lowest = lowest]
+        {
+            for (int level = 0; level < static_cast<int>(LogLevel::Off); ++level)
+            {
+                EXPECT_EQ(tvo::logger::IsEnabled(static_cast<LogLevel>(level)),
+                          level >= static_cast<int>(lowest));
+            }
+        };
+        written = WrittenBy(LogLevel::Info, check);
     }
+    unsetenv("TVO_LOG_LEVEL");
     EXPECT_THAT(written, ::testing::HasSubstr("TVO_LOG_LEVEL is no level: infos"));
 }
 
-TEST_F(Logger, CountsLevelsAboveOffAsOff)
+TEST(Logger, DoesNotEvaluateSuppressedLines)
 {
-    DefaultLoggerImpl implementation;
-    for (const LogLevel threshold : {LogLevel::Info, LogLevel::Off})
-    {
-        implementation.SetThreshold(threshold);
-        EXPECT_TRUE(implementation.IsEnabled(LogLevel::Off));
-        EXPECT_TRUE(implementation.IsEnabled(static_cast<LogLevel>(99)));
-        EXPECT_EQ(implementation.IsEnabled(LogLevel::Critical), threshold == LogLevel::Info);
-    }
-}
-
-TEST_F(Logger, DoesNotEvaluateSuppressedLines)
-{
-    RecordingLogger recorder;
-    recorder.SetThreshold(LogLevel::Info);
+    const RecordingLogger recorder;
+    TVOLogger::RootLogger().Implementation().SetThreshold(LogLevel::Info);
     int evaluated = 0;
     const auto argument = [&evaluated]
     {
         return ++evaluated;
     };
-    TVO_LOG_TRACE("{}", argument());
     TVO_LOG_DEBUG("{}", argument());
     TVO_LOG(LogLevel::Off, "{}", argument());
     TVO_LOG(static_cast<LogLevel>(7), "{}", argument());
     EXPECT_EQ(evaluated, 0);
-    EXPECT_TRUE(recorder.Lines().empty());
-
     TVO_LOG_INFO("{} {}", argument(), std::pair<int, std::string>(-5, "text"));
     EXPECT_TRUE(recorder.Contains(LogLevel::Info, "1 [-5, text]"));
-    EXPECT_EQ(recorder.Lines().at(0).function, "TestBody");
+    EXPECT_EQ(recorder.Lines().size(), 1U);
 }
 
-TEST_F(Logger, SurvivesReplacementWhileAnotherThreadLogs)
+TEST(Logger, SurvivesReplacementWhileAnotherThreadLogs)
 {
     const RecordingLogger recorder;
     std::atomic_bool isDone = false;

@@ -5,15 +5,13 @@
 
 namespace soak {
 
-/// What a caller tells, a letter each, and how its process ends.
+/// What a caller tells, a letter each.
 enum class Event : char
 {
     Connected = 'c',  ///< the request follows at once
     Approved = 'a',
     Closed = 'x',
     Failed = 'f',  ///< the service was not there, or went before it answered
-    Ended = 'e',   ///< the process, by itself
-    Killed = 'k',  ///< the process, by a signal
 };
 
 /// How many digits an address has: enough for a week of callers.

@@ -1,7 +1,9 @@
 #include "driver.h"
 
+#include <chrono>
 #include <csignal>
 #include <stdexcept>
+#include <thread>
 
 #include <linux/input-event-codes.h>
 
@@ -11,6 +13,10 @@ namespace {
 
 constexpr std::size_t CallersAtATime = 8;
 constexpr std::uint32_t Digits = 10;
+/// Between a picture and the key, a tenth of what the quickest person needs. Qt 6.4 aborts when a
+/// window goes while the end of its last frame is on the way, and comes back at once: a thread of
+/// its own then destroys that frame's callback a second time.
+constexpr std::chrono::milliseconds Reaction{15};
 
 struct Answer
 {
@@ -31,7 +37,7 @@ void Driver::TakeReportsUntil(const std::function<bool()>& holds)
 {
     const auto takeAndLook = [&]
     {
-        TakeReports();
+        m_callers.TakeReports();
         return holds();
     };
     if (!support::Comes(takeAndLook))
@@ -40,20 +46,12 @@ void Driver::TakeReportsUntil(const std::function<bool()>& holds)
     }
 }
 
-void Driver::TakeReports()
-{
-    while (const auto report = m_callers.Take())
-    {
-        m_ledger.Take(*report);
-    }
-}
-
 Driver::Driver(std::uint32_t seed) : m_random(seed)
 {
     for (std::uint32_t digit = 0; digit < Digits; ++digit)
     {
-        StartCaller(NumberOfDigit(digit));
-        m_person.Learn(digit);
+        m_callers.Start(NumberOfDigit(digit));
+        WaitFor([&](const QImage& screen) { return m_reader.Learn(digit, screen); });
         PressFor(NumberOfDigit(digit));
         AnswerAll();
     }
@@ -75,7 +73,7 @@ void Driver::Drain()
     AnswerAll();
     // Somebody killed in the moment before may still get a dialog; the service asks in the order of
     // arrival, so nobody does any more when one last caller has been answered.
-    StartCaller(++m_lastStarted);
+    m_callers.Start(++m_lastStarted);
     AnswerAll();
     if (!m_terminal.Display().WaitForNoToplevel())
     {
@@ -86,12 +84,12 @@ void Driver::Drain()
 void Driver::KillApplication()
 {
     FillUp();
-    m_person.WaitForNumber();
-    TakeReportsUntil([this] { return m_ledger.AreAllConnected(); });
-    m_ledger.EndApplication();
+    WaitForNumber();
+    TakeReportsUntil([this] { return m_callers.AreAllConnected(); });
+    m_callers.EndApplication();
     const pid_t former = m_terminal.Approver();
     kill(former, HappensOnceIn(2) ? SIGTERM : SIGKILL);
-    TakeReportsUntil([this] { return m_ledger.Alive().empty(); });
+    TakeReportsUntil([this] { return m_callers.Alive().empty(); });
     if (HappensOnceIn(2))
     {
         FillUp();
@@ -104,9 +102,9 @@ support::TerminalSession& Driver::Terminal()
     return m_terminal;
 }
 
-const Ledger::Counts& Driver::Sum() const
+const Callers::Counts& Driver::Sum() const
 {
-    return m_ledger.Sum();
+    return m_callers.Sum();
 }
 
 int Driver::Answered() const
@@ -119,70 +117,82 @@ bool Driver::HappensOnceIn(int times)
     return std::uniform_int_distribution(1, times)(m_random) == 1;
 }
 
-void Driver::StartCaller(std::uint32_t number)
-{
-    m_ledger.Start(number);
-    m_callers.Start(number);
-}
-
 void Driver::FillUp()
 {
     // With all pressed for or killed, and none of them gone yet, nobody is left to wait for.
     TakeReportsUntil(
-        [this] { return m_ledger.Alive().size() < CallersAtATime || m_ledger.IsAnyWaiting(); });
-    for (std::size_t count = m_ledger.Alive().size(); count < CallersAtATime; ++count)
+        [this] { return m_callers.Alive().size() < CallersAtATime || m_callers.IsAnyWaiting(); });
+    for (std::size_t count = m_callers.Alive().size(); count < CallersAtATime; ++count)
     {
-        StartCaller(++m_lastStarted);
+        m_callers.Start(++m_lastStarted);
     }
 }
 
 void Driver::AnswerNext()
 {
-    const std::uint32_t shown = m_person.WaitForNumber();
+    const std::uint32_t shown = WaitForNumber();
     for (const auto& [times, number] : {std::pair(16, AnyAlive()), std::pair(24, shown)})
     {
         if (HappensOnceIn(times))
         {
-            Kill(number);
-            TakeReportsUntil([this, number = number] { return !m_ledger.IsAlive(number); });
+            m_callers.Kill(number);
+            TakeReportsUntil([this, number = number] { return !m_callers.IsAlive(number); });
         }
     }
     PressFor(shown);
     if (HappensOnceIn(16))
     {
-        Kill(AnyAlive());
+        m_callers.Kill(AnyAlive());
     }
 }
 
 void Driver::AnswerAll()
 {
-    for (; m_ledger.IsAnyWaiting(); TakeReports())
+    for (; m_callers.IsAnyWaiting(); m_callers.TakeReports())
     {
-        PressFor(m_person.WaitForNumber());
+        PressFor(WaitForNumber());
     }
-    TakeReportsUntil([this] { return m_ledger.Alive().empty(); });
+    TakeReportsUntil([this] { return m_callers.Alive().empty(); });
 }
 
 void Driver::PressFor(std::uint32_t number)
 {
     const auto& answer = Answers[m_random() % Answers.size()];
-    m_ledger.Press(number, answer.meant);
+    m_callers.Press(number, answer.meant);
     ++m_answered;
-    m_person.Press(number, answer.keys);
+    m_lastAnswered = number;
+    for (const std::uint32_t key : answer.keys)
+    {
+        std::this_thread::sleep_for(Reaction);
+        m_terminal.Display().PressKey(key);
+    }
 }
 
-void Driver::Kill(std::uint32_t number)
+std::uint32_t Driver::WaitForNumber()
 {
-    if (m_ledger.IsAlive(number))
+    std::optional<std::uint32_t> number;
+    const auto isNew = [&](const QImage& screen)
     {
-        m_ledger.Kill(number);
-        m_callers.Kill(number);
+        number = m_reader.Read(screen);
+        return number && number != m_lastAnswered;
+    };
+    WaitFor(isNew);
+    return *number;
+}
+
+void Driver::WaitFor(const std::function<bool(const QImage&)>& accepts)
+{
+    if (!m_terminal.Display().WaitForScreen(accepts))
+    {
+        m_terminal.Display().Screen().save("unexpected.png");
+        throw std::runtime_error("No dialog, see unexpected.png; the terminal wrote:\n" +
+                                 m_terminal.Manager().Log());
     }
 }
 
 std::uint32_t Driver::AnyAlive()
 {
-    const auto alive = m_ledger.Alive();
+    const auto alive = m_callers.Alive();
     const std::size_t chosen = m_random() % (alive.size() + 1);
     return chosen < alive.size() ? alive[chosen] : 0;
 }

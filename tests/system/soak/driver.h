@@ -2,18 +2,18 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <random>
 
 #include <support/terminal_session.h>
 
-#include "caller_pool.h"
-#include "ledger.h"
-#include "person.h"
+#include "callers.h"
+#include "number_reader.h"
 
 namespace soak {
 
 /// A terminal with callers, eight at a time, and the person who answers them with keys chosen at
-/// random; what was meant for whom goes to the ledger.
+/// random; what was meant for whom is noted.
 class Driver final
 {
 public:
@@ -33,28 +33,29 @@ public:
     [[nodiscard]] support::TerminalSession& Terminal();
     /// Dialogs so far, whether their callers lived to hear the answer or not.
     [[nodiscard]] int Answered() const;
-    [[nodiscard]] const Ledger::Counts& Sum() const;
+    [[nodiscard]] const Callers::Counts& Sum() const;
 
 private:
     bool HappensOnceIn(int times);
-    void StartCaller(std::uint32_t number);
     void FillUp();
     void AnswerNext();
     void AnswerAll();
+    /// Answers the dialog of that number, which is up, with the keys of an answer taken at random.
     void PressFor(std::uint32_t number);
-    void Kill(std::uint32_t number);
+    /// Waits for a dialog that has not been answered. @returns its number
+    std::uint32_t WaitForNumber();
+    /// Waits for such a picture. @throws std::runtime_error when the time is up
+    void WaitFor(const std::function<bool(const QImage&)>& accepts);
     std::uint32_t AnyAlive();
-    /// Takes all that are there.
-    void TakeReports();
     /// Takes reports until it holds. @throws std::runtime_error when none comes any more
     void TakeReportsUntil(const std::function<bool()>& holds);
 
     std::mt19937 m_random;
     support::TerminalSession m_terminal;
-    CallerPool m_callers;
-    Person m_person{m_terminal};
-    Ledger m_ledger;
+    Callers m_callers;
+    NumberReader m_reader;
     std::uint32_t m_lastStarted = 0;
+    std::optional<std::uint32_t> m_lastAnswered;
     int m_answered = 0;
 };
 

@@ -44,11 +44,13 @@ struct Answer
 const Answer Answers[] = {
     {"Enter at once", Keys({KEY_ENTER}), 0},
     {"Escape", Keys({KEY_ESC}), 1},
-    {"Enter after a refusal", Keys({KEY_ENTER}), 0},
+    {"the other Enter after a refusal", Keys({KEY_KPENTER}), 0},
     {"Cancel", ClickOn(CancelButtonOn(Screen)), 1},
     {"Add certificate", ClickOn(ApproveButtonOn(Screen)), 0},
     {"the compositor's close request", [](Compositor& c) { c.RequestClose(); }, 1},
     {"Tab to Cancel and Enter", Keys({KEY_TAB, KEY_ENTER}), 1},
+    {"Tab and Escape", Keys({KEY_TAB, KEY_ESC}), 1},
+    {"Tab past Cancel and Enter", Keys({KEY_TAB, KEY_TAB, KEY_ENTER}), 0},
 };
 
 TEST_F(Approval, EachAnswerReachesItsCaller)

@@ -26,10 +26,7 @@ namespace {
 using tvo::service::Outcome;
 using tvo::service::ServiceCall;
 
-/// The child's word that an order is done; everything else that it says is a call.
-constexpr char Done[] = "\n";
-
-/// The child. It looks for orders every other millisecond, so that one thread does it all.
+/// The child. It looks for commands every other millisecond, so that one thread does it all.
 class Manager final
 {
 public:
@@ -57,7 +54,8 @@ public:
 
     void Run()
     {
-        const auto timer = m_loop->Every(std::chrono::milliseconds(2), [this] { TakeOrders(); });
+        const auto start = m_loop->After(std::chrono::milliseconds(0), [this] { Say("serves"); });
+        const auto timer = m_loop->Every(std::chrono::milliseconds(2), [this] { TakeCommand(); });
         m_loop->Run();
     }
 
@@ -105,17 +103,11 @@ private:
                    : line;
     }
 
-    void TakeOrders()
+    void TakeCommand()
     {
-        Order order;
-        while (::recv(m_socket, &order, sizeof(order), MSG_DONTWAIT) == sizeof(order))
+        if (::recv(m_socket, &m_command, sizeof(m_command), MSG_DONTWAIT) == sizeof(m_command))
         {
-            if (order.what == Order::Command)
-            {
-                m_command = order.value;
-                XoNoticeSetObjectEvent(m_setter, update_events::CommandChanged);
-            }
-            Say(Done);
+            XoNoticeSetObjectEvent(m_setter, update_events::CommandChanged);
         }
     }
 
@@ -152,7 +144,8 @@ FakeAppManager::FakeAppManager()
     }
     ::close(sockets[1]);
     m_socket = sockets[0];
-    Do({});
+    Receive();
+    m_calls.clear();
 }
 
 FakeAppManager::~FakeAppManager()
@@ -162,17 +155,15 @@ FakeAppManager::~FakeAppManager()
     ::close(m_socket);
 }
 
-void FakeAppManager::Do(const Order& order)
+void FakeAppManager::SetCommand(std::int64_t command)
 {
-    m_isDone = false;
-    ::send(m_socket, &order, sizeof(order), MSG_NOSIGNAL);
-    while (!m_isDone && Receive())
-    {}
+    ::send(m_socket, &command, sizeof(command), MSG_NOSIGNAL);
 }
 
 std::vector<std::string> FakeAppManager::Calls()
 {
-    Do({});
+    while (Receive(0))
+    {}
     return m_calls;
 }
 
@@ -189,16 +180,15 @@ bool FakeAppManager::WaitForCall(std::string_view line)
 }
 
 /// @returns false when nothing comes in time, or the child is gone and all was read
-bool FakeAppManager::Receive()
+bool FakeAppManager::Receive(int patienceMs)
 {
     std::array<char, 1024> line;
     pollfd entry{m_socket, POLLIN, 0};
-    ::poll(&entry, 1, 5000);
+    ::poll(&entry, 1, patienceMs);
     const ssize_t size = ::recv(m_socket, line.data(), line.size(), MSG_DONTWAIT);
     if (size > 0)
     {
-        const std::string text(line.data(), static_cast<std::size_t>(size));
-        text == Done ? void(m_isDone = true) : m_calls.push_back(text);
+        m_calls.emplace_back(line.data(), static_cast<std::size_t>(size));
     }
     return size > 0;
 }

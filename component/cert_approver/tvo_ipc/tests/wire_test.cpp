@@ -31,35 +31,6 @@ CertData CertOf(std::size_t issuer, std::size_t subject, std::size_t print, std:
             std::string(address, 'a')};
 }
 
-TEST(CertOnTheWire, GoesThereAndBackWhole)
-{
-    const CertData zeros{std::string("a\0b", 3), "CN=\xC3\xA9", -1, 1, "", "[::1]:443"};
-    for (const CertData& cert : {CertData(), CertOf(256, 256, 128, 256), zeros})
-    {
-        RecordingLogger log;
-        Buffer buffer(vx_cert_approver_CertApprover_req_arena_size);
-        EXPECT_EQ(CastFromWz(CastToWz(cert, buffer.Get()), buffer.Get()), cert);
-        EXPECT_TRUE(log.Lines().empty());
-        buffer.Reset();
-        bool status = true;
-        EXPECT_EQ(FromWz(*buffer.Get(), ToWz(*buffer.Get(), cert, status), status), cert);
-        EXPECT_TRUE(status);
-    }
-}
-
-TEST(CertOnTheWire, CutsLongTextsWithAWarning)
-{
-    RecordingLogger log;
-    Buffer buffer(vx_cert_approver_CertApprover_req_arena_size);
-    const auto wz = CastToWz(CertOf(257, 256, 129, 300), buffer.Get());
-    EXPECT_EQ(CastFromWz(wz, buffer.Get()), CertOf(256, 256, 128, 256));
-    ASSERT_EQ(log.Lines().size(), 3U);
-    EXPECT_EQ(log.Lines()[1].function, "WriteN");
-    EXPECT_TRUE(log.Contains(
-        LogLevel::Warning,
-        "Data: " + std::string(129, 'f') + " has been truncated: " + std::string(128, 'f')));
-}
-
 TEST(CertOnTheWire, NamesTheTextThatFindsNoRoom)
 {
     Buffer buffer(39);

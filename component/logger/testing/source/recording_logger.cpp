@@ -1,42 +1,40 @@
 #include <algorithm>
+#include <memory>
 #include <mutex>
-#include <utility>
 
 #include <component/logger/testing/recording_logger.h>
 
 namespace tvo::logger::testing {
 
-struct RecordingLogger::Record
-{
-    std::mutex mutex;
-    std::vector<RecordedLine> lines;
-};
-
-/// Outlives its recording logger, as every implementation of the root logger does.
 class RecordingLogger::Implementation final : public DefaultLoggerImpl
 {
 public:
-    explicit Implementation(std::shared_ptr<Record> record) : m_record(std::move(record)) {}
-
     void Write(LogLevel level,
                const char* /*file*/,
                int /*line*/,
                const char* function,
                const std::string& message) override
     {
-        const std::lock_guard lock(m_record->mutex);
-        m_record->lines.push_back({level, function, message});
+        const std::lock_guard lock(m_mutex);
+        m_lines.push_back({level, function, message});
+    }
+
+    std::vector<RecordedLine> Lines()
+    {
+        const std::lock_guard lock(m_mutex);
+        return m_lines;
     }
 
 private:
-    std::shared_ptr<Record> m_record;
+    std::mutex m_mutex;
+    std::vector<RecordedLine> m_lines;
 };
 
-RecordingLogger::RecordingLogger()
-    : m_record(std::make_shared<Record>()), m_former(TVOLogger::RootLogger().Implementation())
+RecordingLogger::RecordingLogger() : m_former(TVOLogger::RootLogger().Implementation())
 {
-    TVOLogger::Setup("test", LogLevel::Trace, std::make_unique<Implementation>(m_record));
-    m_implementation = &TVOLogger::RootLogger().Implementation();
+    auto implementation = std::make_unique<Implementation>();
+    m_implementation = implementation.get();
+    TVOLogger::Setup("test", LogLevel::Trace, std::move(implementation));
 }
 
 RecordingLogger::~RecordingLogger()
@@ -46,22 +44,15 @@ RecordingLogger::~RecordingLogger()
 
 std::vector<RecordedLine> RecordingLogger::Lines() const
 {
-    const std::lock_guard lock(m_record->mutex);
-    return m_record->lines;
+    return m_implementation->Lines();
 }
 
 bool RecordingLogger::Contains(LogLevel level, std::string_view message) const
 {
-    const std::lock_guard lock(m_record->mutex);
-    return std::any_of(m_record->lines.begin(),
-                       m_record->lines.end(),
-                       [&](const RecordedLine& line)
-                       { return line.level == level && line.message == message; });
-}
-
-void RecordingLogger::SetThreshold(LogLevel threshold)
-{
-    m_implementation->SetThreshold(threshold);
+    const auto lines = Lines();
+    return std::ranges::any_of(lines,
+                               [&](const RecordedLine& line)
+                               { return line.level == level && line.message == message; });
 }
 
 }  // namespace tvo::logger::testing

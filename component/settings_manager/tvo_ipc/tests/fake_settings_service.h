@@ -38,13 +38,6 @@ public:
 
     static constexpr std::uint32_t Callback = 0xC3;  ///< the connection of WzISMCbk
 
-    struct Update
-    {
-        SubscriptionId sid;
-        std::string path = "a/";
-        unsigned char kinds = 2;
-    };
-
     explicit FakeSettingsService(platform::testing::PlatformDouble& platform)
     {
         using platform::testing::Call;
@@ -91,9 +84,16 @@ public:
         Change([&] { m_answers[method].push_back(std::move(answer)); });
     }
 
-    void Push(Update update)
+    void Push(SubscriptionId sid, const std::string& at = "a/", unsigned char kinds = 2)
     {
-        Change([&] { m_updates.push_back(std::move(update)); });
+        const auto tell = [=](wz_message& message, wz_arena* out)
+        {
+            auto& response = reinterpret_cast<vx_settings_manager_WzISMCbk_Wait_res&>(message);
+            response.sid = sid;
+            response.update = kinds;
+            (void)tvo::ipc::arena::WriteText(*out, at, limits::Path, response.path);
+        };
+        Next("Wait", {.edit = tell});
     }
 
     /// Keeps further calls of the method back.
@@ -169,7 +169,7 @@ private:
         m_changed.wait(lock, [&] { return !m_gates.contains(method) || number < m_gates[method]; });
         const auto hasSome = [&]
         {
-            return method != "Wait" || !m_updates.empty() || !m_answers[method].empty();
+            return method != "Wait" || !m_answers[method].empty();
         };
         m_changed.wait(lock, [&] { return hasSome() || m_isClosed; });
         return hasSome();
@@ -204,8 +204,7 @@ private:
         if constexpr (requires { response.attrib; }) { response.attrib = attrib; }
         if constexpr (requires { response.token; }) { response.token = 0xABC; }
         if constexpr (requires { response.cid; }) { response.cid = 0xC1D; m_isClosed = false; }
-        if constexpr (requires { response.update; }) { TakeUpdate(response, *out); }
-        else if constexpr (requires { response.sid; }) { response.sid = sids[path]; }
+        if constexpr (requires { response.sid; }) { response.sid = sids[path]; }
         // clang-format on
         auto& answers = m_answers[Request::Name];
         const Answer spoilt = answers.empty() ? Answer() : std::move(answers.front());
@@ -222,24 +221,11 @@ private:
         return PackNodes(rest, out, nodes).value_or(0);
     }
 
-    void TakeUpdate(vx_settings_manager_WzISMCbk_Wait_res& response, wz_arena& out)
-    {
-        if (!m_updates.empty() && m_answers["Wait"].empty())
-        {
-            const Update update = m_updates.front();
-            m_updates.pop_front();
-            response.sid = update.sid;
-            response.update = update.kinds;
-            (void)tvo::ipc::arena::WriteText(out, update.path, limits::Path, response.path);
-        }
-    }
-
     std::mutex m_mutex;
     std::condition_variable m_changed;
     std::vector<std::string> m_calls;
     std::map<std::string, long> m_gates;  ///< calls that may pass
     std::map<std::string, std::deque<Answer>> m_answers;
-    std::deque<Update> m_updates;
     bool m_isClosed = false;
     std::size_t m_read = 0;
 };

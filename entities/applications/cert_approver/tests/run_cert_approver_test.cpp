@@ -29,7 +29,6 @@ namespace {
 
 using namespace app_manager;
 using app_manager::testing::FakeAppManager;
-using app_manager::testing::Order;
 using platform::testing::Call;
 using platform::testing::PlatformDouble;
 using ::testing::ExitedWithCode;
@@ -219,7 +218,7 @@ TEST(RunCertApprover, GoesThroughItsStagesAndRefusesWhoStillWaits)
     const auto byCommand = [](FakeAppManager& manager)
     {
         EXPECT_TRUE(manager.WaitForCall("Ping cert_approver"));
-        manager.Do({Order::Command, -3});
+        manager.SetCommand(-3);
     };
     const auto byItself = [](FakeAppManager& manager)
     {

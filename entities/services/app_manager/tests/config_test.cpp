@@ -8,25 +8,22 @@ namespace {
 using control::Kind;
 using std::chrono::milliseconds;
 using testing::ElementsAre;
+using testing::StartsWith;
+using testing::ThrowsMessage;
 
-std::string RefusalOf(const std::string& text)
+auto Parsing(const std::string& text)
 {
-    try
+    return [text]
     {
-        static_cast<void>(ParseConfig(text, "f", "/programs"));
-        return "none";
-    }
-    catch (const ConfigError& error)
-    {
-        return error.what();
-    }
+        return ParseConfig(text, "f", "/programs");
+    };
 }
 
 }  // namespace
 
 TEST(Config, IsReadInTheOrderOfStarting)
 {
-    const auto all = ParseConfig(R"(
+    const auto all = Parsing(R"(
         [[application]]
         name = "approver"
         command = ["cert_approver", "--flag"]
@@ -40,9 +37,7 @@ TEST(Config, IsReadInTheOrderOfStarting)
         command = ["/opt/settings", "x y"]
         provides = "vx.S"
         stop_limit = 0.25
-        healthy_after = 3600.0)",
-                                 "f",
-                                 "/programs");
+        healthy_after = 3600.0)")();
     ASSERT_EQ(all.size(), 2U);
     EXPECT_EQ(all[0].kind, Kind::Service);
     EXPECT_EQ(all[0].program, "/opt/settings");
@@ -65,13 +60,8 @@ TEST(Config, IsRefusedWithItsPlace)
     const std::string service = "[[service]]\nname = \"a\"\n";
     const std::string whole = service + "command = [\"x\"]\n";
     const std::string application = "[[application]]\ncommand = [\"x\"]\nname = ";
-    struct Row
-    {
-        std::string text;
-        const char* refusal;
-    };
     // clang-format off
-    const Row rows[] = {
+    const std::pair<std::string, const char*> rows[] = {
         {"", "f:1:1: there is nothing to run"},
         {"services = 1", "f:1:1: unknown key \"services\""},
         {"service = 1", "f:1:11: \"service\" stands for tables, as in [[service]]"},
@@ -79,47 +69,39 @@ TEST(Config, IsRefusedWithItsPlace)
         {whole + "start_limit = \"1\"", "f:4:15: \"start_limit\" is a number of seconds"},
         {whole + "start_limit = 0",
          "f:4:15: \"start_limit\" is not between 0.001 and 86400 seconds"},
-        {whole + "start_limit = 9223372036854775807",
-         "f:4:15: \"start_limit\" is not between 0.001 and 86400 seconds"},
         {whole + "stop_limit = 86401",
          "f:4:14: \"stop_limit\" is not between 0.001 and 86400 seconds"},
         {whole + "restart_delay = 2\nrestart_delay_max = 1",
          "f:5:21: \"restart_delay_max\" is shorter than \"restart_delay\""},
-        {whole + "provides = 3", "f:4:12: \"provides\" is a text"},
         {whole + "provides = \"" + std::string(78, 'p') + ":\"",
          "f:4:12: \"provides\" is longer than 80 bytes, where all but letters, digits and \"_-.\" "
          "count three"},
         {whole + "environment = [1]",
          "f:4:15: \"environment\" is a table, as in { NAME = \"value\" }"},
-        {whole + "environment = { A = 1 }", "f:4:21: the variable A is a text"},
         {whole + "environment = { \"A=B\" = \"\" }",
          "f:4:17: no variable of the environment can have this name"},
         {whole + "environment = { A = \"\\u0000\" }", "f:4:21: the variable A holds a zero byte"},
         {service, "f:1:1: \"command\" is missing"},
         {service + "command = []", "f:3:11: \"command\" is empty"},
-        {service + "command = [\"\"]", "f:3:12: the program is empty"},
         {service + "command = [\"bin/x\"]",
          "f:3:12: the program is an absolute path or a bare file name"},
         {service + "command = [\"x\", 1]", "f:3:17: a word of \"command\" is a text"},
         {whole + application + "\"a\"", "f:6:8: the name \"a\" is used twice"},
-        {application + "\"\"", "f:3:8: \"name\" is empty"},
         {application + "\"" + std::string(129, 'n') + "\"",
          "f:3:8: \"name\" is longer than 128 bytes"},
         {application + "\"b\\n\"", "f:3:8: \"name\" holds a control character"},
         {application + "\"b\"\nneeds = [\"b\"]", "f:4:10: no service is named \"b\""},
         {application + "\"b\"\ncommands = [\"open\"]",
          "f:4:13: a command is \"show\", \"hide\" or \"close\""},
-        {application + "\"b\"\nprovides = \"x\"", "f:4:1: unknown key \"provides\""},
     };
     // clang-format on
-    for (const auto& row : rows)
+    for (const auto& [text, refusal] : rows)
     {
-        SCOPED_TRACE(row.text);
-        EXPECT_EQ(RefusalOf(row.text), row.refusal);
+        EXPECT_THAT(Parsing(text), ThrowsMessage<ConfigError>(refusal));
     }
-    EXPECT_THAT(RefusalOf("[[service]\n"), testing::StartsWith("f:1:"));
-    EXPECT_THAT(RefusalOf(whole + "name = \"b\""), testing::StartsWith("f:4:"));
-    EXPECT_EQ(RefusalOf(whole), "none");
+    EXPECT_THAT(Parsing("[[service]\n"), ThrowsMessage<ConfigError>(StartsWith("f:1:")));
+    EXPECT_THAT(Parsing(whole + "name = \"b\""), ThrowsMessage<ConfigError>(StartsWith("f:4:")));
+    EXPECT_NO_THROW(Parsing(whole)());
     EXPECT_THROW(static_cast<void>(ReadConfig("/tmp", "/programs")), ConfigError);
 }
 

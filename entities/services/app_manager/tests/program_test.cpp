@@ -21,16 +21,13 @@ constexpr char Configuration[] = R"(
 name = "settings"
 command = ["settings_manager", "--memory", "--server", "vx.settings_manager.MSmgr"]
 provides = "vx.settings_manager.MSmgr"
-[[application]]
+)";
+
+constexpr char OneMore[] = R"([[application]]
 name = "app"
 command = [")" FAKE_APPLICATION R"("]
 needs = ["settings"]
 commands = ["hide", "close"]
-)";
-
-constexpr char OneMore[] = R"([[application]]
-name = "other"
-command = [")" FAKE_APPLICATION R"(", "broken"]
 )";
 
 TEST(Program, KeepsATerminalUpAndObeys)
@@ -43,21 +40,21 @@ TEST(Program, KeepsATerminalUpAndObeys)
     pid_t manager = 0;
     ASSERT_EQ(::posix_spawn(&manager, program, nullptr, nullptr, argv, environ), 0);
     const auto client = control::ConnectControl(std::chrono::seconds(10));
-    while (client->Status("app").state != control::State::Ready)
+    while (client->Status("settings").state != control::State::Ready)
     {}
-    const auto pid = static_cast<pid_t>(client->Status("app").pid);
-    client->Send("app", control::Command::Hide);
-    while (client->Status("app").reportedState != 12)
-    {}
-    EXPECT_THROW(client->Send("app", control::Command::Show), control::Refusal);
-    EXPECT_EQ(CreateApplicationManager("app")->GetApplicationWatchdog()->Ping("app"),
-              plk::codes::AccessDenied);
+    const auto pid = static_cast<pid_t>(client->Status("settings").pid);
     std::ofstream(file, std::ios::app) << OneMore;
     ::kill(manager, SIGHUP);
-    while (client->List().size() != 3 || !client->Status("other").lastEnd)
+    while (client->List().size() != 2 || !client->Status("app").lastEnd)
     {}
-    EXPECT_EQ(client->Status("other").lastError->error, "no window");
-    EXPECT_EQ(client->Status("app").pid, static_cast<std::uint32_t>(pid));
+    EXPECT_EQ(client->Status("app").lastEnd->status, 1);
+    EXPECT_EQ(client->Status("app").lastError->error, "no window");
+    EXPECT_EQ(client->Status("settings").pid, static_cast<std::uint32_t>(pid));
+    EXPECT_THAT([&] { client->Send("app", control::Command::Show); },
+                testing::Throws<control::Refusal>(
+                    testing::Property(&control::Refusal::Code, control::refusals::NotAllowed)));
+    EXPECT_EQ(CreateApplicationManager("app")->GetApplicationWatchdog()->Ping("app"),
+              plk::codes::AccessDenied);
     ::kill(manager, SIGTERM);
     int end = -1;
     ::waitpid(manager, &end, 0);

@@ -109,18 +109,10 @@ TEST(Store, RefusesWithACodeAndChangesNothing)
 
 TEST(Store, TellsEachSubscriberWhatAWriteMeansThere)
 {
-    struct Row
-    {
-        WriteMode what;
-        const char* path;
-        Setting setting;
-        const char* subscribed;
-        const char* told;
-        int kinds;  ///< 0: the subscriber is told nothing
-    };
     const Setting map{Map{{"x", Text("1")}}};
     const Setting other{Map{{"b", Text("y")}, {"c", {List{}}}}};
-    const Row rows[] = {
+    // What is done where, who has subscribed to what and is told of what; no kinds: of nothing.
+    const std::tuple<WriteMode, const char*, Setting, const char*, const char*, int> rows[] = {
         {New, "t/n", map, "t/n", "t/n/", Created},
         {New, "t/n", map, "t/n/x", "t/n/x/", Created},
         {New, "t/n", map, "t/n/y", "", 0},
@@ -140,15 +132,14 @@ TEST(Store, TellsEachSubscriberWhatAWriteMeansThere)
         {Delete, "t/a", {}, "t/a/b", "t/a/b/", Deleted},
         {Delete, "t/a", {}, "t/a/z", "", 0},
     };
-    for (const Row& row : rows)
+    for (const auto& [what, path, setting, subscribed, wanted, kinds] : rows)
     {
         Store store(nullptr);
         Fill(store);
-        const auto told =
-            UpdateFor(ReadPath(row.subscribed), Do(store, row.what, row.path, row.setting));
-        const auto hint = fmt::format("{} of {} at {}", int(row.what), row.path, row.subscribed);
-        EXPECT_EQ(told ? TextOf(told->path) : "", row.told) << hint;
-        EXPECT_EQ(told ? told->kinds : 0, row.kinds) << hint;
+        const auto told = UpdateFor(ReadPath(subscribed), Do(store, what, path, setting));
+        const auto hint = fmt::format("{} of {} at {}", int(what), path, subscribed);
+        EXPECT_EQ(told ? TextOf(told->path) : "", wanted) << hint;
+        EXPECT_EQ(told ? told->kinds : 0, kinds) << hint;
     }
 }
 

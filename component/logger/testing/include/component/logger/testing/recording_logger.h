@@ -1,6 +1,5 @@
 #pragma once
 
-#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -32,16 +31,11 @@ public:
     /// Whether a line of this level and exactly this message was written.
     [[nodiscard]] bool Contains(LogLevel level, std::string_view message) const;
 
-    /// Changes the threshold, which is `Trace` at first.
-    void SetThreshold(LogLevel threshold);
-
 private:
     class Implementation;
-    struct Record;
 
-    std::shared_ptr<Record> m_record;
     DefaultLoggerImpl& m_former;
-    DefaultLoggerImpl* m_implementation;
+    Implementation* m_implementation;  ///< is never destroyed, as all of the root logger's
 };
 
 }  // namespace tvo::logger::testing

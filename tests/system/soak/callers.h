@@ -2,17 +2,21 @@
 
 #include <cstdint>
 #include <map>
+#include <memory>
 #include <optional>
 #include <set>
 #include <vector>
 
-#include "caller_pool.h"
+#include <support/process.h>
+
+#include "caller_messages.h"
 
 namespace soak {
 
-/// Who asked, what was pressed for whom, and what came of it. Every report is held against that;
-/// what must not be is a failure of the test.
-class Ledger final
+/// The callers, each a process of its own that asks once about the address of its number, with what
+/// was pressed for whom. Every report is held against that; what must not be is a failure of the
+/// test.
+class Callers final
 {
 public:
     struct Counts
@@ -24,14 +28,16 @@ public:
         int forNobody = 0;  ///< dialogs answered whose caller was dead
     };
 
-    // What the driver does.
     void Start(std::uint32_t number);
+    /// Kills with SIGKILL; its end is reported. Nothing happens to one that has ended.
     void Kill(std::uint32_t number);
+    /// Notes that the dialog of that number is being answered.
     void Press(std::uint32_t number, Event meant);
     /// From here on those who wait may fail, and may not get a verdict that nobody pressed.
     void EndApplication();
 
-    void Take(const Report& report);
+    /// Takes all reports that are there.
+    void TakeReports();
 
     [[nodiscard]] bool IsAlive(std::uint32_t number) const;
     [[nodiscard]] std::vector<std::uint32_t> Alive() const;
@@ -43,6 +49,8 @@ public:
 private:
     struct Caller
     {
+        std::unique_ptr<support::Process> process;
+        std::size_t taken = 0;  ///< of what it has told
         bool connected = false;
         bool killed = false;
         bool mayFail = false;
@@ -50,8 +58,8 @@ private:
         std::optional<Event> answer;
     };
 
-    void TakeAnswer(Caller& caller, const Report& report);
-    void TakeEnd(const Caller& caller, const Report& report);
+    void Take(std::uint32_t number, Caller& caller, Event event);
+    void TakeEnd(std::uint32_t number, const Caller& caller);
 
     std::map<std::uint32_t, Caller> m_alive;
     std::set<std::uint32_t> m_deadSincePress;
