@@ -148,6 +148,24 @@ TEST(Transport, ClosingTheConnectionFreesItsCallersAtOnce)
     EXPECT_EQ(XoHandleClose(client.handle), XoObjectGone);
 }
 
+TEST(Transport, ClosingTheEndpointFreesReceiversAndCallers)
+{
+    Endpoint endpoint("close-server");
+    Client client("close-server");
+    Letter request;
+    Letter response;
+    auto calling = CallLater(client.transport, request, response);
+    Letter received;
+    ASSERT_EQ(Receive(endpoint.transport, received), XoOk);
+    endpoint.transport.receiveTimeout = WzInfinite;
+    auto receiving =
+        std::async(std::launch::async, [&] { return Receive(endpoint.transport, received); });
+    ServiceLocatorUnregister(endpoint.identifier);
+    EXPECT_EQ(receiving.get(), XoObjectGone);
+    EXPECT_EQ(calling.get(), XoObjectGone);
+    EXPECT_EQ(ServiceLocatorConnect("close-server"), XoInvalidHandle);
+}
+
 /// Neither by the caller nor by the server.
 TEST(Transport, AllocatesNothingPerMessage)
 {

@@ -111,31 +111,41 @@ std::string Send(Input& input, const RawSocket& socket, FrameKind kind, std::uin
     return packet;
 }
 
-/// The buffers of a receiver, no larger than their rooms.
+/// The buffers of a receiver, with a fence behind each.
 class Mailbox
 {
 public:
     /// Takes the rooms from the input.
     explicit Mailbox(Input& input)
-        : m_message(std::max<std::size_t>(input.Word() % (platform::MaxMessageBytes + 1),
-                                          sizeof(wz_message)),
-                    0xA5),
+        : m_messageRoom(std::max<std::size_t>(input.Word() % (platform::MaxMessageBytes + 1),
+                                              sizeof(wz_message))),
           m_handleRoom(input.Byte() % (platform::MaxHandles + 1)),
-          m_arenaBytes(2 * input.Word() + 1)
+          m_message(m_messageRoom + FenceBytes, Fence),
+          m_arenaBytes(2 * (input.Word() + FenceBytes), Fence)
     {}
 
     /// Makes the buffers ready for the next message.
     void Arm()
     {
-        Message()->size = static_cast<std::uint32_t>(m_message.size() |
-                                                     m_handleRoom << WzMessageHandleCountShift);
+        Message()->size =
+            static_cast<std::uint32_t>(m_messageRoom | m_handleRoom << WzMessageHandleCountShift);
         arena.start = arena.current = m_arenaBytes.data();
-        arena.end = m_arenaBytes.data() + m_arenaBytes.size();
+        arena.end = m_arenaBytes.data() + m_arenaBytes.size() - FenceBytes;
     }
 
     wz_message* Message()
     {
         return reinterpret_cast<wz_message*>(m_message.data());
+    }
+
+    /// Nothing was written beyond the rooms.
+    void RequireFences() const
+    {
+        for (const auto* buffer : {&m_message, &m_arenaBytes})
+        {
+            Require(std::count(buffer->end() - FenceBytes, buffer->end(), Fence) == FenceBytes,
+                    "a message keeps to its room");
+        }
     }
 
     /// The packet has come whole, and nothing else; closes its handles.
@@ -145,16 +155,17 @@ public:
         const std::size_t slots = platform::HandleCount(*Message());
         const std::size_t slotsEnd = sizeof(wz_message) + slots * sizeof(wz_handle_slot);
         Require(slots <= m_handleRoom && slotsEnd <= frame.messageBytes &&
-                    frame.messageBytes <= m_message.size(),
+                    frame.messageBytes <= m_messageRoom,
                 "what was delivered has room");
         const auto* const sent =
             reinterpret_cast<const unsigned char*>(packet.data()) + sizeof frame;
-        std::vector<unsigned char> expected(sent, sent + frame.messageBytes);
-        expected.resize(m_message.size());
-        std::copy_n(m_message.data(), slotsEnd, expected.data());
-        Require(
-            m_message == expected && std::equal(sent, sent + sizeof(wz_message), expected.data()),
-            "the message is what was sent, and zeros follow it");
+        const auto got = m_message.begin();
+        Require(std::equal(sent, sent + sizeof(wz_message), got) &&
+                    std::equal(sent + slotsEnd, sent + frame.messageBytes, got + Offset(slotsEnd)),
+                "header and fields are what was sent");
+        Require(std::count(got + frame.messageBytes, got + Offset(m_messageRoom), 0) ==
+                    Offset(m_messageRoom) - frame.messageBytes,
+                "zeros follow the message");
         Require(arena.current == arena.start + frame.arenaBytes &&
                     ((frame.flags & platform::FrameArenaInFile) != 0 ||
                      std::equal(arena.start, arena.current, sent + frame.messageBytes)),
@@ -172,8 +183,17 @@ public:
     wz_arena arena{};
 
 private:
-    std::vector<unsigned char> m_message;
+    static constexpr unsigned char Fence = 0xA5;
+    static constexpr std::ptrdiff_t FenceBytes = 64;
+
+    static std::ptrdiff_t Offset(std::size_t bytes)
+    {
+        return static_cast<std::ptrdiff_t>(bytes);
+    }
+
+    std::size_t m_messageRoom;
     std::size_t m_handleRoom;
+    std::vector<unsigned char> m_message;
     std::vector<unsigned char> m_arenaBytes;
 };
 
@@ -198,6 +218,7 @@ void ReadRequests(Input& input)
         mailbox.Arm();
         const Arrival arrival =
             connection.Receive(mailbox.Message(), &mailbox.arena, origin, result);
+        mailbox.RequireFences();
         if (arrival != Arrival::Packet)
         {
             Require(arrival == Arrival::Broken, "a packet is delivered or broken");
@@ -237,6 +258,7 @@ void ReadReplies(Input& input)
     {
         const std::string packet = Send(input, server, FrameKind::Reply, calls);
         const int result = call();
+        mailbox.RequireFences();
         if (result != XoOk)
         {
             Require(result == WzTimedOut || call() == XoObjectGone, "no call follows the end");

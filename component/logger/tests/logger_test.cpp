@@ -66,6 +66,7 @@ TEST(Logger, TakesTheThresholdFromTheEnvironment)
                                         {"ERROR", LogLevel::Error},
                                         {"6", LogLevel::Off},
                                         {"7", LogLevel::Info},
+                                        {"", LogLevel::Info},
                                         {"infos", LogLevel::Info}})
     {
         setenv("TVO_LOG_LEVEL", value, 1);
@@ -81,6 +82,18 @@ TEST(Logger, TakesTheThresholdFromTheEnvironment)
     }
     unsetenv("TVO_LOG_LEVEL");
     EXPECT_THAT(written, ::testing::HasSubstr("TVO_LOG_LEVEL is no level: infos"));
+}
+
+TEST(Logger, CountsLevelsAboveOffAsOff)
+{
+    DefaultLoggerImpl implementation;
+    for (const LogLevel threshold : {LogLevel::Info, LogLevel::Off})
+    {
+        implementation.SetThreshold(threshold);
+        EXPECT_TRUE(implementation.IsEnabled(LogLevel::Off));
+        EXPECT_TRUE(implementation.IsEnabled(static_cast<LogLevel>(99)));
+        EXPECT_EQ(implementation.IsEnabled(LogLevel::Critical), threshold == LogLevel::Info);
+    }
 }
 
 TEST(Logger, DoesNotEvaluateSuppressedLines)

@@ -2,7 +2,7 @@
 #include <string>
 #include <utility>
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include <component/plk/exceptions.h>
 #include <component/plk/process_exception.h>
@@ -10,8 +10,6 @@
 
 namespace {
 
-using ::testing::AllOf;
-using ::testing::HasSubstr;
 using Result = std::pair<int, std::string>;
 
 template <class Throw>
@@ -41,10 +39,11 @@ TEST(Exceptions, ChecksThrowOnFailureOnly)
         ZIN_CHECK(code != 1, std::string("one") << ' ' << -5 << 7U);
     };
     EXPECT_NO_THROW(checked(0));
-    EXPECT_THAT(Processed([&] { checked(plk::codes::Locked); }).second,
-                HasSubstr("- code 1: 0x8000004f"));
-    EXPECT_THAT(Processed([&] { checked(1); }).second,
-                AllOf(HasSubstr("exceptions_test.cpp("), HasSubstr(" - one -57. At ")));
+    EXPECT_NE(Processed([&] { checked(plk::codes::Locked); }).second.find("- code 1: 0x8000004f"),
+              std::string::npos);
+    EXPECT_NE(Processed([&] { checked(1); }).second.find("exceptions_test.cpp("),
+              std::string::npos);
+    EXPECT_NE(Processed([&] { checked(1); }).second.find(" - one -57. At "), std::string::npos);
 }
 
 TEST(Exceptions, BecomeCodeAndText)

@@ -19,8 +19,8 @@ string16_t Units(std::u16string_view units)
 
 string16_t FromBytes(std::string_view bytes)
 {
-    return Cast<string16_t>(
-        zin::basic_string_view<char, zin::char_traits<char>>(bytes.data(), bytes.size()));
+    using View = zin::basic_string_view<char, zin::char_traits<char>>;
+    return Cast<string16_t>(View(bytes.data(), bytes.size()));
 }
 
 }  // namespace
@@ -31,6 +31,7 @@ TEST(TextCast, GoesBothWaysOrRefusesWhatIsNoText)
     const std::pair<std::string_view, std::u16string_view> rows[] = {
         {"", u""},
         {"\xD0\x94\xE2\x82\xAC", u"\u0414\u20AC"},
+        {"\xF0\x90\x80\x80", u"\xD800\xDC00"},
         {"\xF4\x8F\xBF\xBF", u"\xDBFF\xDFFF"},
         {std::string_view("a\0b", 3), std::u16string_view(u"a\0b", 3)},
     };
@@ -39,7 +40,8 @@ TEST(TextCast, GoesBothWaysOrRefusesWhatIsNoText)
         EXPECT_TRUE(FromBytes(bytes) == Units(units)) << bytes;
         EXPECT_EQ(Cast<std::string>(Units(units)), bytes);
     }
-    for (const std::string_view bytes : {"\xFF", "\xE2\x82", "\xF4\x90\x80\x80"})
+    for (const std::string_view bytes :
+         {"\xFF", "a\x80", "\xE2\x82", "\xC0\x80", "\xF4\x90\x80\x80"})
     {
         EXPECT_THROW(FromBytes(bytes), std::bad_cast);
     }

@@ -84,6 +84,19 @@ protected:
         std::make_unique<Dispatcher>(Riid, endpoint, ReceiveLimit, component);
 };
 
+TEST_F(DispatcherTest, StartsAndStopsByItsState)
+{
+    EXPECT_EQ(dispatcher->Stop(), plk::codes::AlreadyDone);
+    for (std::uint64_t round = 1; round <= 2; ++round)
+    {
+        EXPECT_EQ(dispatcher->Start(), 0);
+        EXPECT_EQ(dispatcher->Start(), plk::codes::AlreadyDone);
+        EXPECT_EQ(Ask(round), 2 * round);
+        EXPECT_EQ(dispatcher->Stop(), 0);
+        EXPECT_EQ(dispatcher->Stop(), plk::codes::AlreadyDone);
+    }
+}
+
 TEST_F(DispatcherTest, FailedReceiveAndFailedReplyDoNotEndTheLoop)
 {
     platform.Return(Call::TransportReceive, {.code = XoBroken, .times = 2});
@@ -102,7 +115,6 @@ TEST_F(DispatcherTest, FailedReceiveAndFailedReplyDoNotEndTheLoop)
 
 TEST_F(DispatcherTest, FailedDispatchIsAnsweredAndEndsTheLoopUntilTheNextStart)
 {
-    EXPECT_EQ(dispatcher->Stop(), plk::codes::AlreadyDone);
     EXPECT_EQ(dispatcher->Start(), 0);
     EXPECT_EQ(Ask(4), 8U);
     component->serve = [](auto&&...)

@@ -423,6 +423,17 @@ TEST_F(ServiceLoopTest, ChildrensEndsAreTold)
     child->Kill();
 }
 
+TEST_F(ServiceLoopTest, WishesToReloadAndNewNamesAreTold)
+{
+    int told = 0;
+    loop->OnReload([&] { ++told; });
+    EXPECT_TRUE(loop->OnServersChange([&] { loop->Stop(); }));
+    ::kill(::getpid(), SIGHUP);
+    EXPECT_TRUE(::shared::ipc_utils::TryPublishService(Entity, "changes"));
+    EXPECT_EQ(loop->Run(), XoOk);
+    EXPECT_EQ(told, 1);
+}
+
 TEST_F(ServiceLoopTest, StopsInOrder)
 {
     const RawSocket raw = ServeRaw("stops");

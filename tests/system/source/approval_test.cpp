@@ -44,13 +44,12 @@ struct Answer
 const Answer Answers[] = {
     {"Enter at once", Keys({KEY_ENTER}), 0},
     {"Escape", Keys({KEY_ESC}), 1},
-    {"the other Enter after a refusal", Keys({KEY_KPENTER}), 0},
+    {"Enter after a refusal", Keys({KEY_ENTER}), 0},
     {"Cancel", ClickOn(CancelButtonOn(Screen)), 1},
     {"Add certificate", ClickOn(ApproveButtonOn(Screen)), 0},
     {"the compositor's close request", [](Compositor& c) { c.RequestClose(); }, 1},
     {"Tab to Cancel and Enter", Keys({KEY_TAB, KEY_ENTER}), 1},
-    {"Tab and Escape", Keys({KEY_TAB, KEY_ESC}), 1},
-    {"Tab past Cancel and Enter", Keys({KEY_TAB, KEY_TAB, KEY_ENTER}), 0},
+    {"the other Enter", Keys({KEY_KPENTER}), 0},
 };
 
 TEST_F(Approval, EachAnswerReachesItsCaller)
@@ -68,6 +67,23 @@ TEST_F(Approval, EachAnswerReachesItsCaller)
         ASSERT_TRUE(display.WaitForNoToplevel());
         EXPECT_EQ(display.Showings(), ++showings);
     }
+}
+
+TEST_F(Approval, IsLeftOpenByAClickBesideTheDialog)
+{
+    const auto caller = AskAndWait("server.example");
+    display.Click({10, 10});
+    display.PressKey(KEY_ENTER);
+    EXPECT_EQ(caller->ExitStatus(), 0);
+    EXPECT_EQ(display.Showings(), 1);
+}
+
+TEST_F(Approval, ShowsNothingUntilSomebodyAsks)
+{
+    EXPECT_TRUE(display.Toplevels().empty());
+    EXPECT_EQ(display.Showings(), 0);
+    const QImage screen = display.Screen();
+    EXPECT_EQ(screen.pixel(Screen.width() / 2, Screen.height() / 2), Compositor::Background);
 }
 
 }  // namespace

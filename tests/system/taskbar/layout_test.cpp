@@ -88,6 +88,26 @@ TEST_F(LayoutControl, WorksWheneverTheCompositorOffersLayouts)
     Expect("gone");
 }
 
+TEST_F(LayoutControl, ClickChangesWhatTheKeyboardTypes)
+{
+    m_display->SetLayouts("us,ru");
+    m_display->OfferLayoutControl();
+    Start();
+    Expect("told 1: us.");
+    Expect("shows $en-US$");
+    m_display->PressKey(KEY_F);
+    Expect("typed f\n");
+    m_display->Click(m_button);
+    Expect("told 2: ru.");
+    Expect("shows $ru-RU$");
+    m_display->PressKey(KEY_F);
+    Expect("typed fа\n");
+    m_display->Click(m_button);
+    Expect("told 3: us.");
+    m_display->PressKey(KEY_F);
+    Expect("typed fаf\n");
+}
+
 TEST_F(LayoutControl, MenuOfTheTaskbarChangesWhatTheKeyboardTypes)
 {
     m_display->SetLayouts("us,ru");

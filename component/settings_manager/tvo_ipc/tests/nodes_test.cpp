@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <cstring>
 #include <tuple>
 #include <vector>
 
@@ -24,6 +23,8 @@ impl::RawItem MakeItem(std::size_t path, std::size_t value, std::size_t attrib)
     return item;
 }
 
+using Bytes = std::vector<unsigned char>;
+
 TEST(Nodes, PacksWhatFits)
 {
     const impl::RawItem small = MakeItem(1, 16, 16);
@@ -31,6 +32,7 @@ TEST(Nodes, PacksWhatFits)
     using Items = std::vector<impl::RawItem>;
     using Packed = std::optional<std::size_t>;
     const std::tuple<const char*, Items, std::size_t, Packed, std::size_t> rows[] = {
+        {"no item has room for one record", {}, 24, 0, 0},
         {"its blocks have no room", {small}, 30, std::nullopt, 1},
         {"empty fields take a byte each", {MakeItem(0, 0, 0)}, 4 + 24, 1, 0},
         {"the second array has no room", {small, small}, 68 + 2 * 24 - 1, 1, 0},
@@ -51,6 +53,15 @@ TEST(Nodes, PacksWhatFits)
         EXPECT_EQ(nodes.size, packed ? *packed * 24 : tvo::ipc::arena::InvalidReference);
         EXPECT_EQ(log.Lines().size(), warnings);
         EXPECT_TRUE(std::all_of(arena.Get()->current, arena.Get()->end, std::logical_not()));
+        std::vector<impl::RawItem> back;
+        ASSERT_EQ(ReadNodes(*arena.Get(), nodes, back), packed.has_value());
+        ASSERT_EQ(back.size(), packed.value_or(0));
+        const auto isEqual = [](const auto& left, const auto& right)
+        {
+            return std::tie(left.path, left.value, left.attrib) ==
+                   std::tie(right.path, right.value, right.attrib);
+        };
+        EXPECT_TRUE(std::equal(back.begin(), back.end(), items.begin(), isEqual));
     }
 }
 
@@ -62,11 +73,11 @@ TEST(Nodes, TakesNoMoreThanAMessageMayBring)
     {
         const std::vector<vx_settings_manager_Types_WzNode> array(count,
                                                                   {{0, 1}, {0, value}, {0, 16}});
-        Buffer arena(20000);
-        std::memcpy(arena.Get()->start, array.data(), count * 24);
-        arena.Get()->current = arena.Get()->end;
+        Bytes bytes(20000);
+        std::memcpy(bytes.data(), array.data(), count * 24);
+        const wz_arena arena{bytes.data(), bytes.data() + 20000, bytes.data() + 20000};
         std::vector<impl::RawItem> items;
-        EXPECT_EQ(ReadNodes(*arena.Get(), {0, count * 24}, items), isGood) << count << ' ' << value;
+        EXPECT_EQ(ReadNodes(arena, {0, count * 24}, items), isGood) << count << ' ' << value;
     }
 }
 

@@ -84,17 +84,25 @@ TEST_F(SettingsProxy, CarriesTreesInChunks)
         EXPECT_EQ(proxy->CreateSetting(path, Tree(nodes)), 0);
         EXPECT_EQ(service.mode, 1);
         EXPECT_EQ(service.count, nodes);
+        EXPECT_EQ(service.items.size(), nodes);
         EXPECT_EQ(proxy->GetSetting(path, back), 0);
         EXPECT_EQ(service.mode, 0x16);
         EXPECT_EQ(service.path, "a/");
         EXPECT_EQ(back, Tree(nodes));
         EXPECT_EQ(service.TakeCalls(), calls);
     }
+}
+
+TEST_F(SettingsProxy, TellsModesAndAttributes)
+{
+    Connect();
     EXPECT_EQ(proxy->SetSetting(nvl::Root, {7L, {true}}), 0);
     EXPECT_EQ(service.mode, 6);
     EXPECT_EQ(service.path, "");
+    EXPECT_EQ(service.items.at(0).attrib.at(8), 1);
     EXPECT_EQ(proxy->SetValue(path, {7L}), 0);
     EXPECT_EQ(service.mode, 2);
+    EXPECT_EQ(service.items.at(0).attrib.at(8), 0);
     Attributes attributes;
     EXPECT_EQ(proxy->SetAttribute(path, {true}), 0);
     EXPECT_EQ(proxy->GetAttribute(path, attributes), 0);
@@ -219,6 +227,8 @@ TEST_F(SettingsProxy, SendsNothingOfWhatDoesNotFit)
                         "(<path to str fail: state = 7>): Serialize = [-2147483578, [RawSetting] "
                         "Path to str fail: state = 7]: result = -2147483578"));
     EXPECT_EQ(service.TakeCalls(), Calls());
+    EXPECT_EQ(proxy->DeleteSetting(nvl::Root / "a b"), 0);
+    EXPECT_EQ(service.path, "<path to str fail: state = 7>");
 }
 
 TEST_F(SettingsProxy, WaitsForAServiceThatIsNotThereYet)
@@ -258,6 +268,8 @@ TEST_F(SettingsProxy, FailsToBeMadeInManyWays)
     expectFailure("XoCmConnect() fail: vx.settings_manager.PSmgr.WzISM:65535 (-1879048173)", 0);
     service.Next("RegCallback", {.result = Locked});
     expectFailure("CheckResultFailedException - 0x8000004f (Locked). At ", 3);
+    service.Next("RegCallback", {.transport = XoBroken});
+    expectFailure("CheckResultFailedException - 0x80000059 (Media error). At ", 3);
 }
 
 TEST_F(SettingsProxy, ConnectsByStaticNames)
@@ -276,6 +288,11 @@ TEST_F(SettingsProxy, ConnectsByStaticNames)
     EXPECT_EQ(CreateSettingsManager(Static, manager), 0);
     EXPECT_EQ(service.path, "cbk");
     EXPECT_EQ(platform.Journal(Call::LocatorGetRiid).at(2).arguments, "195, \"s.IsmCbk\"");
+    platform.Return(Call::LocatorGetRiid, {});
+    EXPECT_EQ(CreateSettingsManager(Static, manager), UnspecifiedError);
+    EXPECT_THAT(log.Lines().back().message, HasSubstr("ServiceLocatorGetRiid() fail: sm : s.Ism."));
+    EXPECT_EQ(platform.Count(Call::HandleClose), 1U);
+    EXPECT_EQ(platform.Count(Call::Sleep), 0U);
 }
 
 TEST_F(SettingsProxy, FindsItsArenaZeroWhateverWasThereBefore)

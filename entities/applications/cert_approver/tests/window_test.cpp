@@ -80,6 +80,14 @@ TEST_F(ApprovalWindow, ValidityIsLocalTimeTruncatedToTheSecond)
     EXPECT_TRUE(Validity(std::numeric_limits<std::int64_t>::max()).contains(QLatin1String(" - ")));
 }
 
+TEST_F(ApprovalWindow, ALanguageTakesEffectWithTheNextCertificate)
+{
+    const auto before = Validity(0);
+    view->SetSystemLanguage("ar-EG");
+    EXPECT_EQ(Property("validData"), before);
+    EXPECT_TRUE(Validity(0).startsWith(QString::fromUtf8("\u0660\u0661.")));
+}
+
 TEST_F(ApprovalWindow, DatesFollowTheLanguageOfEachShowing)
 {
     const auto shown = [this]

@@ -30,7 +30,7 @@ needs = ["settings"]
 commands = ["hide", "close"]
 )";
 
-TEST(Program, KeepsATerminalUpAndObeys)
+TEST(Program, TakesUpWhatIsAddedObeysAndEndsInOrder)
 {
     const std::string file = std::string(std::getenv("TVO_RUNTIME_DIR")) + "/terminal.toml";
     std::ofstream(file) << Configuration;

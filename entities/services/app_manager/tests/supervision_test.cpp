@@ -38,20 +38,22 @@ protected:
         {
             loop.End("app", {what == "exit", what == "exit" ? 0 : std::stoi(what.substr(3))});
         }
-        const std::pair<void (*)(SupervisedChild&, const Instant&), const char*> deeds[] = {
-            {[](auto& app, const auto& now) { app.OnReady(now); }, "ready"},
-            {[](auto& app, const auto& now) { app.OnPing(now); }, "ping"},
-            {[](auto& app, const auto& now) { app.OnInternalError(now, "error", "text"); },
-             "error"},
-            {[](auto& app, const auto& now) { app.OnStateChanged(now, -2); }, "bye"},
-            {[](auto& app, const auto& now) { app.Stop(now, Afterwards::StayAway, ""); }, "stop"},
-            {[](auto& app, const auto&) { app.Kill("at once"); }, "kill"},
-            {[](auto& app, const auto& now) { app.Stop(now, Afterwards::AtOnce, ""); }, "restart"},
-            {[](auto& app, const auto& now) { app.Start(now); }, "start"},
+        using Deed = void (*)(SupervisedChild&, const Instant&);
+        // clang-format off
+        static const std::map<std::string, Deed> Deeds = {
+            {"ready", [](auto& app, const auto& now) { app.OnReady(now); }},
+            {"ping", [](auto& app, const auto& now) { app.OnPing(now); }},
+            {"error", [](auto& app, const auto& now) { app.OnInternalError(now, "error", "text"); }},
+            {"bye", [](auto& app, const auto& now) { app.OnStateChanged(now, -2); }},
+            {"stop", [](auto& app, const auto& now) { app.Stop(now, Afterwards::StayAway, ""); }},
+            {"kill", [](auto& app, const auto&) { app.Kill("at once"); }},
+            {"restart", [](auto& app, const auto& now) { app.Stop(now, Afterwards::AtOnce, ""); }},
+            {"start", [](auto& app, const auto& now) { app.Start(now); }},
         };
-        for (const auto& [deed, name] : deeds)
+        // clang-format on
+        if (const auto deed = Deeds.find(what); deed != Deeds.end())
         {
-            what == name ? deed(Of("app"), terminal.Now()) : void();
+            deed->second(Of("app"), terminal.Now());
         }
     }
 };
@@ -79,6 +81,7 @@ TEST_P(SupervisionTable, StartsWatchesAndEndsByTheLimits)
 
 // clang-format off
 constexpr Row Rows[] = {
+    {"crash", "100:ready 200:sig11 1000:-", "700 app start", State::Starting, EndKind::Crash},
     {"exit", "100:ready 200:exit 1000:-", "700 app start", State::Starting, EndKind::Exit},
     {"exit that it announces", "0:ready 100:bye 200:exit", "", State::Delayed, EndKind::Exit},
     {"hang, leaves its core", "100:ready 4000:ping 8999:ping 13999:sig6 15000:-",
@@ -87,6 +90,7 @@ constexpr Row Rows[] = {
      "5100 app abort, 7100 app kill, 7600 app start", State::Starting, EndKind::Hang},
     {"not ready, whatever it pings", "29999:ping 30000:- 30001:ready 32000:sig9",
      "30000 app term, 32000 app kill", State::Delayed, EndKind::NotReady},
+    {"error", "100:error 200:exit", "", State::Delayed, EndKind::InternalError},
     {"error and no exit", "100:ready 200:error 9000:sig9",
      "5200 app term, 7200 app kill", State::Delayed, EndKind::InternalError},
     {"stop", "100:ready 200:stop 5100:bye 10000:exit 99999:-", "", State::Closed, EndKind::Asked},
@@ -105,6 +109,8 @@ constexpr Row Rows[] = {
      "5000 app abort", State::Closed, EndKind::Hang},
     {"restart", "100:ready 200:restart 300:bye 400:exit",
      "400 app start", State::Starting, EndKind::Asked},
+    {"restart while it rests", "100:exit 200:restart",
+     "200 app start", State::Starting, EndKind::Exit},
     {"start while it runs, rests and stops",
      "1:start 100:exit 101:start 600:ready 700:stop 701:start 702:exit",
      "600 app start, 702 app start", State::Starting, EndKind::Asked},

@@ -31,8 +31,8 @@ TEST_F(Terminals, StartEachWhenTheOneBeforeIsReady)
 
 TEST_F(Terminals, CloseAnApplicationWhoseServiceHasEndedUntilThatIsBack)
 {
-    loop.served = {"s1"};
-    Configure({Service("s1"), Application("a1", {"s1"}), Application("a2")});
+    loop.served = {"s1", "s2"};
+    Configure({Service("s1"), Service("s2"), Application("a1", {"s1"}), Application("a2", {"s2"})});
     Ready("a1");
     Ready("a2");
     loop.Done();
@@ -41,11 +41,15 @@ TEST_F(Terminals, CloseAnApplicationWhoseServiceHasEndedUntilThatIsBack)
     EXPECT_EQ(Of("a2").State(), State::Ready);
     EXPECT_EQ(terminal.Find("a1")->Commands()->Fetch(), -3);
     loop.End("a1", {true, 0});
+    EXPECT_EQ(Of("a1").State(), State::Waiting);
     loop.PassTo(milliseconds(500));
     loop.served.insert("s1");
     loop.PassTo(milliseconds(600));
+    EXPECT_EQ(loop.Done(), "500 s1 start, 600 a1 start");
     loop.End("s1", {false, SIGKILL});
-    EXPECT_EQ(loop.Done(), "500 s1 start, 600 a1 start, 600 a1 term") << "was not ready yet";
+    loop.PassTo(milliseconds(1700));
+    loop.End("a1", {false, SIGTERM});
+    EXPECT_EQ(loop.Done(), "600 a1 term, 1600 s1 start, 1700 a1 start") << "was not ready yet";
 }
 
 TEST_F(Terminals, StopOneAfterTheOtherTheLastOneFirst)
@@ -115,9 +119,14 @@ TEST_F(Terminals, StartAgainWithoutWaitingForThoseBefore)
 
 TEST_F(Terminals, KnowAnApplicationByItsOwnProcess)
 {
+    loop.served = {"service"};
     Configure({Service("service"), Application("app")});
-    const std::uint32_t pid = loop.processes.at("service").first;
-    EXPECT_EQ(terminal.FindApplication("service", pid), nullptr);
+    const std::uint32_t pid = loop.processes.at("app").first;
+    EXPECT_EQ(terminal.FindApplication("app", pid), terminal.Find("app"));
+    EXPECT_EQ(terminal.FindApplication("app", pid - 1), nullptr);
+    EXPECT_EQ(terminal.FindApplication("service", pid - 1), nullptr);
+    loop.End("app", {true, 0});
+    EXPECT_EQ(terminal.FindApplication("app", pid), nullptr);
     EXPECT_EQ(terminal.FindApplication("app", 0), nullptr) << "a process of another namespace";
 }
 
@@ -125,24 +134,26 @@ TEST(CommandSlot, AnnouncesUntilItIsFetchedAndLetsCloseStand)
 {
     SNotice* notice = nullptr;
     ASSERT_EQ(XoNoticeCreate(&notice), XoOk);
-    CommandSlot slot;
-    ASSERT_EQ(XoNoticeSubscribeToObject(notice, slot.UpdateHandle(), 0x10001, 1), XoOk);
+    std::optional<CommandSlot> slot(std::in_place);
+    ASSERT_EQ(XoNoticeSubscribeToObject(notice, slot->UpdateHandle(), 0x10001, 1), XoOk);
     const auto announced = [notice]
     {
         EventDesc event{};
         unsigned long received = 0;
         return XoNoticeGetEvent(notice, 0, 1, &event, &received) == XoOk && event.events == 0x10000;
     };
-    slot.Set(-2);
+    EXPECT_EQ(slot->Fetch(), std::nullopt);
+    slot->Set(-2);
     EXPECT_TRUE(announced());
-    slot.AnnounceAgain();
+    slot->AnnounceAgain();
     EXPECT_TRUE(announced());
-    EXPECT_EQ(slot.Fetch(), -2);
-    slot.AnnounceAgain();
+    EXPECT_EQ(slot->Fetch(), -2);
+    slot->AnnounceAgain();
     EXPECT_FALSE(announced());
-    slot.Set(-3);
-    slot.Set(-2);
-    EXPECT_EQ(slot.Fetch(), -3);
+    slot->Set(-3);
+    slot->Set(-2);
+    EXPECT_EQ(slot->Fetch(), -3);
+    slot.reset();
     XoNoticeRelease(notice);
 }
 

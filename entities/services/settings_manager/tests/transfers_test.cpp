@@ -82,10 +82,15 @@ TEST_F(TransfersTest, LeaveNothingBehindWhenTheyDoNotComeToTheirEnd)
     EXPECT_EQ(Continue(ism, token, Nodes(m_items).first(2), true), codes::InvalidSize);
     EXPECT_EQ(Finish(ism, token), codes::NotFound) << "went wrong before";
     EXPECT_EQ(Begin("big", Nodes(m_items).first(2), 1).result, codes::InvalidSize);
-    token = Stage();
-    ism.Ask(WriteNext{.token = token, .nodes = {~0U, ~0U}});
-    EXPECT_EQ(ism.outcome, Outcome::Reject);
-    EXPECT_EQ(Finish(ism, token), codes::NotFound) << "nothing is left of it";
+    for (const Reference& nodes : {Reference{2, 24}, {0, 25}, {0, 65 * 24}, {~0U, ~0U}})
+    {
+        token = Stage();
+        ArenaBuffer arena(4096);
+        arena.Get()->current = arena.Get()->end;
+        ism.Ask(WriteNext{.token = token, .nodes = nodes}, arena.Get());
+        EXPECT_EQ(ism.outcome, Outcome::Reject) << nodes.offset << "+" << nodes.size;
+        EXPECT_EQ(Finish(ism, token), codes::NotFound) << "nothing is left of it";
+    }
     EXPECT_EQ(BeginRead(ism, "big").result, codes::NotFound);
 }
 

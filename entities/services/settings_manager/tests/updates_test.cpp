@@ -60,8 +60,20 @@ TEST_F(UpdatesTest, ComeInOrderEachUntilItIsDone)
         EXPECT_EQ(DoneWith(sid), codes::NotFound);
     }
     EXPECT_EQ(Next(m_cid), "parked");
-    Put("c", Text("1"));
-    EXPECT_EQ(Late(), "c/ 7");
+}
+
+TEST_F(UpdatesTest, AnswerAParkedWaitAtTheEndOfTheTurn)
+{
+    const auto sid = SubscribeTo("a");
+    EXPECT_EQ(Next(m_cid), "parked");
+    Put("b", Text("of no interest"));
+    EXPECT_EQ(Late(), "nothing");
+    Put("a", Text("1"));
+    EXPECT_EQ(Late(), "a/ 7");
+    EXPECT_EQ(DoneWith(sid), 0);
+    EXPECT_EQ(Put("a", Text("1")), codes::Found);
+    EXPECT_EQ(Next(m_cid), "parked");
+    EXPECT_EQ(Late(), "nothing");
 }
 
 TEST_F(UpdatesTest, AreGivenUpAfterThreeDeliveriesThatHaveArrived)
@@ -156,6 +168,7 @@ TEST(EventQueue, FoldsASubscriptionBeyondTheBoundOnItsOwnPath)
     ASSERT_TRUE(queue.Done(1));
     const Event folded = queue.Deliver(1, 3);
     EXPECT_EQ(folded.path, "a/");
+    EXPECT_EQ(folded.kinds, 6);
     for (std::size_t i = 0; i < Bound; ++i)
     {
         queue.Push(EventOf(1, i, 8), "a/");
@@ -168,12 +181,19 @@ TEST(EventQueue, FoldsASubscriptionBeyondTheBoundOnItsOwnPath)
 TEST(EventQueue, NeverGrowsByMoreThanOneEventASubscription)
 {
     EventQueue queue;
-    for (std::size_t i = 0; i < 2 * Bound; ++i)
+    for (std::size_t i = 0; i < Bound; ++i)
     {
-        i < Bound ? queue.Push(EventOf(1, i), "a/") : queue.Push(EventOf(2 + i % 5, i), "b/");
+        queue.Push(EventOf(1, i), "a/");
+    }
+    for (std::size_t i = 0; i < 100'000; ++i)
+    {
+        queue.Push(EventOf(2 + i % 5, i), "b/");
     }
     EXPECT_EQ(queue.Size(), Bound + 5);
+    queue.Push(EventOf(1, 1), "a/");
+    EXPECT_EQ(queue.Size(), 6U);
     queue.Deliver(1, 1);
+    queue.Push(EventOf(1, 5), "a/");
     queue.Purge(1);
     EXPECT_EQ(queue.Size(), 5U);
     EXPECT_EQ(queue.Deliver(1, 2).path, "b/");

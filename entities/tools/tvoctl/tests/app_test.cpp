@@ -147,6 +147,11 @@ TEST_F(AppTest, PrintWhatThereIs)
          R"("lastPing":null,"name":"down","pid":null,"pingAgeMs":null,"readySince":null,)"
          R"("reportedState":null,"restarts":1,"startsInMs":65000,"state":"delayed"})"
          "\n"},
+        {"app|--json|status|settings",
+         R"({"kind":"service","lastEnd":null,"lastError":null,"lastPing":null,"name":"settings",)"
+         R"("pid":null,"pingAgeMs":null,"readySince":null,"reportedState":null,"restarts":0,)"
+         R"("startsInMs":null,"state":"waiting"})"
+         "\n"},
     };
     for (const auto& [arguments, out] : rows)
     {

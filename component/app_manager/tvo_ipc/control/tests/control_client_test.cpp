@@ -14,7 +14,8 @@ std::vector<Entry> All()
     std::vector<Entry> all;
     for (std::uint32_t i = 0; i < 150; ++i)
     {
-        all.push_back({std::string(limits::Name, 'n'), Kind::Application, State::Ready, i});
+        const std::string name = std::to_string(i) + std::string(limits::Name - 3, 'n');
+        all.push_back({name.substr(0, limits::Name), Kind::Application, State::Ready, i});
     }
     return all;
 }

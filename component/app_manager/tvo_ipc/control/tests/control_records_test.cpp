@@ -50,24 +50,29 @@ TEST(ControlRecords, TextsAreCutBetweenCharacters)
     ApplicationStatus status = FullStatus();
     const std::string longest(limits::Cause - 1, 'x');
     status.lastEnd->cause = longest + "\u20ac";
+    status.lastError->error = std::string(limits::ErrorText - 2, 'x') + "\u00e4y";
     status.lastError->description = std::string(1000, '\xBF');
     const auto read = Sent(status);
     ASSERT_TRUE(read);
     EXPECT_EQ(read->lastEnd->cause, longest);
+    EXPECT_EQ(read->lastError->error, std::string(limits::ErrorText - 2, 'x') + "\u00e4");
     EXPECT_LE(read->lastError->description.size(), limits::ErrorText);
 }
 
 TEST(ControlRecords, BentStatusesAreRefused)
 {
     const std::function<void(StatusResponse&)> bends[] = {
+        [](auto& response) { response.kind = 0; },
         [](auto& response) { response.kind = 3; },
         [](auto& response) { response.state = 7; },
         [](auto& response) { response.endKind = 8; },
         [](auto& response) { response.endBySignal = 2; },
         [](auto& response) { response.readySince = -1; },
         [](auto& response) { response.lastPing = INT64_MAX; },
+        [](auto& response) { response.pingAge = -1; },
         [](auto& response) { response.startsIn = INT64_MIN; },
         [](auto& response) { response.endedAt = 253402300800'000'000; },
+        [](auto& response) { response.endCause.size = 10'000; },
         [](auto& response) { response.error.offset = 0xFFFFFFFF; },
         [](auto& response) {
             response.errorDescription = {0, limits::ErrorText + 1};
@@ -87,7 +92,9 @@ TEST(ControlRecords, BentListsAreRefusedAndAddNothing)
     const Bend bends[] = {
         [](auto& response, auto&) { response.entries.size -= 1; },
         [](auto& response, auto&) { response.entries.size = 100'000; },
+        [](auto& response, auto&) { response.entries.offset = 0x80000000; },
         [](auto&, auto& record) { record.name.size = 0; },
+        [](auto&, auto& record) { record.name.size = limits::Name + 1; },
         [](auto&, auto& record) { record.name.offset = 100'000; },
         [](auto&, auto& record) { record.kind = 9; },
         [](auto&, auto& record) { record.state = 0; },
